@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <my_classes/export.h>
+
+#include <QtCore/QSet>
+#include <QtCore/QString>
+#include <QtGui/QSyntaxHighlighter>
+
+#include <memory>
+
+namespace my_classes {
+
+class MisspelledMatcher;
+
+/// Underlines every whole-word, case-sensitive occurrence of the listed words in its document, in red.
+///
+/// A listed word is a pattern, as it stands: "c.t" also underlines "cat". An invalid pattern underlines nothing.
+/// The cost of a paragraph does not depend on how many plain words are listed.
+class MY_CLASSES_EXPORT CustomHighlighter : public QSyntaxHighlighter
+{
+    Q_OBJECT
+
+public:
+    /// `parent` owns the highlighter.
+    explicit CustomHighlighter(QTextDocument *parent);
+    ~CustomHighlighter() override;
+
+    /// Replaces the listed words and formats the whole document again at once.
+    void setMisspelled(const QSet<QString> &misspelled);
+
+    /// Formats the whole document again, with one notification to its layout where the base class sends one for
+    /// every paragraph that changes.
+    void rehighlight();
+
+    /// The listed words. Changed by setMisspelled() only.
+    QSet<QString> misspelled;
+
+protected:
+    void highlightBlock(const QString &text) override;
+
+private:
+    std::unique_ptr<MisspelledMatcher> m_matcher;
+};
+
+} // namespace my_classes

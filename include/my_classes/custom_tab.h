@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <my_classes/export.h>
+
+#include <QtCore/QString>
+#include <QtWidgets/QWidget>
+
+#include <optional>
+
+namespace my_classes {
+
+class CustomTextEditor;
+
+/// One page of a tabbed document: owns one editor and passes its content interface on.
+class MY_CLASSES_EXPORT CustomTab : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// Family and size (in points) are both given or both absent; without them the editor's own font applies.
+    /// `lang` is the spelling language; throws as MySpellChecker does.
+    explicit CustomTab(const std::optional<QString> &editor_font = {}, const std::optional<int> &editor_fontsize = {},
+                       const QString &lang = QStringLiteral("en"));
+
+    CustomTextEditor *create_editor();
+    void editor_text_changed();
+
+    QString get_html_content() const;
+    QString get_text_content() const;
+    void set_html_content(const QString &content);
+    void set_text_content(const QString &content);
+    QString get_selected_text() const;
+    void insert_after_selection(const QString &text);
+    void replace_selected_text(const QString &text);
+
+    QString lang;
+    std::optional<QString> editor_font;
+    std::optional<int> editor_fontsize;
+    CustomTextEditor *editor = nullptr;
+
+Q_SIGNALS:
+    /// Always carries "Text changed": ask the content interface for the text.
+    void text_changed(const QString &message);
+};
+
+} // namespace my_classes

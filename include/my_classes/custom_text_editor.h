@@ -1,0 +1,190 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <my_classes/export.h>
+
+#include <my_classes/my_spellchecker.h>
+#include <my_classes/search_dialog.h>
+
+#include <QtCore/QList>
+#include <QtCore/QPointer>
+#include <QtCore/QSet>
+#include <QtCore/QString>
+#include <QtCore/QVariant>
+#include <QtGui/QFont>
+#include <QtGui/QTextCharFormat>
+#include <QtGui/QTextListFormat>
+#include <QtWidgets/QTextEdit>
+#include <QtWidgets/QWidget>
+
+#include <memory>
+#include <optional>
+
+QT_BEGIN_NAMESPACE
+class QAction;
+class QBoxLayout;
+class QComboBox;
+class QFontComboBox;
+class QLabel;
+class QToolBar;
+class QWheelEvent;
+QT_END_NAMESPACE
+
+namespace my_classes {
+
+class CustomHighlighter;
+class DocumentStatistics;
+
+/// A rich-text editor: tool bar, text area, statistics line and zoom, with spell checking.
+///
+/// The widgets and actions are public and owned by the editor; hosts may read and connect to them. GUI thread only.
+class MY_CLASSES_EXPORT CustomTextEditor : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// Without a `font` the editor uses 12-point "Times new roman". `lang` is the spelling language, as of
+    /// MySpellChecker; throws std::runtime_error as its constructor does.
+    explicit CustomTextEditor(const std::optional<QFont> &font, QWidget *parent = nullptr,
+                              const QString &lang = QStringLiteral("en"));
+    ~CustomTextEditor() override;
+
+    void initUI();
+    void add_toolbar_buttons();
+
+    // Zoom. The percentage is the editor's own count: a step is one point of text size and ten per cent.
+
+    void zoom_in();
+    void zoom_out();
+    /// Applies (percent - 100) / 10 steps, truncated, on top of the present zoom and shows `percent`. Any value is
+    /// taken, also outside zoom_min_percent and zoom_max_percent.
+    void set_zoom_percent(int percent);
+    void update_zoom_label();
+    /// Zooms one step if Ctrl is held, otherwise scrolls the text area.
+    void wheel_event(QWheelEvent *event);
+
+    // Formatting of the selection, or of the word under the cursor.
+
+    /// Merges `format` into the selection, or into the word under the cursor, and into what is typed next.
+    void merge_format_on_selection(const QTextCharFormat &format);
+    /// These three follow the checked state of the action that sent the signal; called directly they only warn.
+    void set_bold();
+    void set_italic();
+    void set_underline();
+    void set_font_family(const QString &family);
+    /// Size in points, as text or number. A text that is no number, or a size that is not finite and positive,
+    /// changes nothing but for a warning in the log.
+    void set_font_size(const QString &size);
+    void set_font_size(double size);
+    void set_alignment(Qt::Alignment alignment);
+    /// Sets the line height of every paragraph and leaves the whole document selected.
+    void set_line_spacing(double factor);
+    /// Takes the character format off the selection. Images stay.
+    void clear_formatting();
+    void update_format_buttons();
+    void update_font_combos();
+    void selection_changed();
+
+    // Insertions, each one undo step.
+
+    void insert_numbered_list();
+    void insert_bullet_list_disc();
+    void insert_bullet_list_square();
+    void insert_table();
+    void insert_image();
+
+    // Content.
+
+    /// The document as HTML, at its unzoomed size.
+    QString get_html_content() const;
+    QString get_text_content() const;
+    void set_html_content(const QString &content);
+    /// HTML if it looks like HTML, otherwise plain text.
+    void set_text_content(const QString &content);
+    /// Paragraphs are separated by U+2029.
+    QString get_selected_text() const;
+    /// Starts a paragraph behind the selection and inserts the HTML there. Does nothing without a selection.
+    void insert_after_selection(const QString &text);
+    /// Replaces the selection by HTML; an empty text removes it. Does nothing without a selection.
+    void replace_selected_text(const QString &text);
+    void paste_plain_text();
+    /// Asks for a printer and prints the document, unzoomed and without spelling underlines.
+    void print_document();
+
+    // Statistics of the selection or, without one, of the document.
+
+    void count_words();
+    /// Number of sentences in `text`: pieces between '.', '!' or '?' that hold more than white space. "A.B" gives 2,
+    /// "..." gives 0.
+    int count_sentences(const QString &text) const;
+    /// Does nothing; kept for hosts that call it.
+    void count_lines(const QVariant &text_edit);
+
+    // Spelling.
+
+    /// Underlines the misspelled words of the document and emits check_spelling_done().
+    void check_spelling();
+    /// Moves the cursor to the first word of the document that is in `misspelled`, or to the last word.
+    void show_first_misspelled(const QSet<QString> &misspelled);
+    void update_from_cursor();
+    void update_suggestions();
+    void correct_word();
+    void add_word_to_dictionary();
+    /// Limpia el resaltado de todas las palabras en el documento.
+    void clear_highlights();
+
+    /// Opens a new find-and-replace dialog in place of the earlier one.
+    void search_text();
+
+    QString lang;
+    QFont editor_font;
+    QToolBar *toolbar = nullptr;
+    QTextEdit *text_edit = nullptr;
+    QLabel *word_count_label = nullptr;
+    std::unique_ptr<my_spellchecker::MySpellChecker> spellchecker;
+    CustomHighlighter *highlighter = nullptr;
+    QLabel *zoom_label = nullptr;
+    int zoom_min_percent = 0;
+    int zoom_max_percent = 200;
+    int zoom_percent = 100;
+    QList<int> search_results;
+    int current_search_index = -1;
+
+    QAction *bold_action = nullptr;
+    QAction *italic_action = nullptr;
+    QAction *underline_action = nullptr;
+    QFontComboBox *font_combo = nullptr;
+    QComboBox *font_size_combo = nullptr;
+    QAction *clear_formatting_action = nullptr;
+    QAction *checkAction = nullptr;
+    QComboBox *suggestionsComboBox = nullptr;
+    QAction *correctAction = nullptr;
+    QAction *addWordAction = nullptr;
+
+    QPointer<SearchDialog> search_dialog;
+
+Q_SIGNALS:
+    void word_added_to_dictionary(const QString &word);
+    void check_spelling_done(const QSet<QString> &misspelled);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    void create_toolbar(QBoxLayout *column);
+    void create_text_area(QBoxLayout *column);
+    void create_status_row(QBoxLayout *column);
+    void apply_window_colour();
+    void zoom_by(int points);
+    QFont unzoomed_font() const;
+    std::unique_ptr<QTextDocument> unzoomed_copy() const;
+    void insert_list(QTextListFormat::Style style);
+
+    DocumentStatistics *m_statistics = nullptr;
+    double m_zoomed_points = 0; // what zooming has added to the size of the text area's font
+    double m_zoomed_size = 0;   // that size after the last zoom step
+};
+
+} // namespace my_classes

@@ -1,0 +1,10 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include <my_classes/custom_text_editor.h>
+
+namespace my_classes {
+
+void CustomTextEditor::insert_table() {}
+
+} // namespace my_classes

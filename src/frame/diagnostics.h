@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QtCore/QSet>
+#include <QtCore/QStringList>
+#include <QtCore/QTextStream>
+
+#include <cstdio>
+
+namespace my_classes {
+
+/// Words as a bracketed, comma-separated list of quoted words.
+inline QString quoted_list(const QStringList &words)
+{
+    return words.isEmpty() ? QStringLiteral("[]") : u"['" + words.join(QStringLiteral("', '")) + u"']";
+}
+
+/// Writes a developer's diagnostic line to standard output: the values in order, a blank between two, flushed, UTF-8.
+template<typename First, typename... Rest>
+void trace(const First &first, const Rest &...rest)
+{
+    QTextStream line(stdout);
+    line << first;
+    ((line << ' ' << rest), ...);
+    line << Qt::endl;
+}
+
+} // namespace my_classes

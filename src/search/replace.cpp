@@ -1,0 +1,4 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include <my_classes/search_dialog.h>
