@@ -4,7 +4,6 @@
 #pragma once
 
 #include <my_classes/export.h>
-
 #include <my_classes/my_spellchecker.h>
 #include <my_classes/search_dialog.h>
 
@@ -176,7 +175,10 @@ private:
     void create_toolbar(QBoxLayout *column);
     void create_text_area(QBoxLayout *column);
     void create_status_row(QBoxLayout *column);
+    void add_font_boxes();
+    void add_suggestions_box();
     void apply_window_colour();
+    void apply_font_size(double points);
     void zoom_by(int points);
     QFont unzoomed_font() const;
     std::unique_ptr<QTextDocument> unzoomed_copy() const;

@@ -6,7 +6,10 @@
 
 namespace my_classes {
 
-DownloadDialog::DownloadDialog(const QString &, const QString &, const QString &, QWidget *parent) : QProgressDialog(parent) {}
+DownloadDialog::DownloadDialog(const QString &, const QString &, const QString &, QWidget *parent)
+    : QProgressDialog(parent)
+{
+}
 DownloadDialog::~DownloadDialog() = default;
 void DownloadDialog::on_download_finished(bool) {}
 void DownloadDialog::on_download_cancelled() {}

@@ -6,6 +6,9 @@
 namespace my_classes {
 
 ImageSizeInputDialog::ImageSizeInputDialog(int, int) {}
-std::pair<QString, QString> ImageSizeInputDialog::get_inputs() const { return {}; }
+std::pair<QString, QString> ImageSizeInputDialog::get_inputs() const
+{
+    return {};
+}
 
 } // namespace my_classes

@@ -6,6 +6,9 @@
 namespace my_classes {
 
 TableDimensionInputDialog::TableDimensionInputDialog() = default;
-std::pair<QString, QString> TableDimensionInputDialog::get_inputs() const { return {}; }
+std::pair<QString, QString> TableDimensionInputDialog::get_inputs() const
+{
+    return {};
+}
 
 } // namespace my_classes

@@ -14,7 +14,9 @@ namespace my_classes {
 /// Words as a bracketed, comma-separated list of quoted words.
 inline QString quoted_list(const QStringList &words)
 {
-    return words.isEmpty() ? QStringLiteral("[]") : u"['" + words.join(QStringLiteral("', '")) + u"']";
+    if (words.isEmpty())
+        return QStringLiteral("[]");
+    return QStringLiteral("['") + words.join(QStringLiteral("', '")) + QStringLiteral("']");
 }
 
 /// Writes a developer's diagnostic line to standard output: the values in order, a blank between two, flushed, UTF-8.

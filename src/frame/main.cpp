@@ -31,7 +31,8 @@ int main()
     try {
         return run_editor();
     } catch (const std::runtime_error &error) {
-        std::fprintf(stderr, "my_classes: %s Install a dictionary, in Debian the package hunspell-en-us.\n", error.what());
+        std::fprintf(stderr, "my_classes: %s Install a dictionary, in Debian the package hunspell-en-us.\n",
+                     error.what());
         return 1;
     }
 }

@@ -1,9 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the my_classes authors
 // SPDX-License-Identifier: MIT
 
-#include <my_classes/main_window.h>
-
 #include <my_classes/custom_text_editor.h>
+#include <my_classes/main_window.h>
 
 #include <QtWidgets/QVBoxLayout>
 

@@ -7,7 +7,10 @@
 
 namespace my_classes {
 
-SearchDialog::SearchDialog(QTextEdit *text_area) : editor(text_area) {}
+SearchDialog::SearchDialog(QTextEdit *text_area)
+    : editor(text_area)
+{
+}
 SearchDialog::~SearchDialog() = default;
 void SearchDialog::init_ui() {}
 void SearchDialog::find_next() {}
@@ -15,7 +18,10 @@ void SearchDialog::restart_search() {}
 void SearchDialog::find_all_matches() {}
 void SearchDialog::clear_highlight() {}
 void SearchDialog::highlight_match() {}
-QTextCharFormat SearchDialog::highlight_format() const { return {}; }
+QTextCharFormat SearchDialog::highlight_format() const
+{
+    return {};
+}
 void SearchDialog::navigate_to_match(int) {}
 void SearchDialog::next_match() {}
 void SearchDialog::previous_match() {}

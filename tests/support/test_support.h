@@ -15,7 +15,6 @@
 
 #include <cstdio>
 #include <functional>
-
 #include <unistd.h>
 
 namespace test_support {
@@ -83,11 +82,11 @@ inline QString standard_output_of(const std::function<void()> &action)
 } // namespace test_support
 
 /// The main function of a test: a private home, a widget application, one test object.
-#define MY_CLASSES_TEST_MAIN(TestClass)                                                                                \
-    int main(int argc, char *argv[])                                                                                   \
-    {                                                                                                                  \
-        const test_support::PrivateHome home;                                                                          \
-        QApplication application(argc, argv);                                                                          \
-        TestClass test;                                                                                                \
-        return QTest::qExec(&test, argc, argv);                                                                        \
+#define MY_CLASSES_TEST_MAIN(TestClass)         \
+    int main(int argc, char *argv[])            \
+    {                                           \
+        const test_support::PrivateHome home;   \
+        QApplication application(argc, argv);   \
+        TestClass test;                         \
+        return QTest::qExec(&test, argc, argv); \
     }

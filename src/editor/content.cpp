@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include <my_classes/custom_text_editor.h>
+
+#include <QtGui/QClipboard>
+#include <QtWidgets/QApplication>
+
+namespace my_classes {
+
+QString CustomTextEditor::get_html_content() const
+{
+    // The exporter leaves out sizes equal to the default font's, so zoom cannot be patched away afterwards.
+    if (unzoomed_font() == text_edit->document()->defaultFont())
+        return text_edit->toHtml();
+    return unzoomed_copy()->toHtml();
+}
+
+QString CustomTextEditor::get_text_content() const
+{
+    return text_edit->toPlainText();
+}
+
+void CustomTextEditor::set_html_content(const QString &content)
+{
+    text_edit->setHtml(content);
+}
+
+void CustomTextEditor::set_text_content(const QString &content)
+{
+    text_edit->setText(content);
+}
+
+QString CustomTextEditor::get_selected_text() const
+{
+    return text_edit->textCursor().selectedText();
+}
+
+void CustomTextEditor::insert_after_selection(const QString &text)
+{
+    QTextCursor cursor = text_edit->textCursor();
+    if (!cursor.hasSelection())
+        return;
+    cursor.beginEditBlock();
+    cursor.setPosition(cursor.selectionEnd());
+    cursor.insertText(QStringLiteral("\r\n"));
+    cursor.insertHtml(text);
+    cursor.endEditBlock();
+    text_edit->setTextCursor(cursor);
+}
+
+void CustomTextEditor::replace_selected_text(const QString &text)
+{
+    QTextCursor cursor = text_edit->textCursor();
+    if (!cursor.hasSelection())
+        return;
+    if (text.isEmpty()) // QTextCursor::insertHtml() would leave the selection alone
+        cursor.removeSelectedText();
+    else
+        cursor.insertHtml(text);
+}
+
+void CustomTextEditor::paste_plain_text()
+{
+    const QString text = QApplication::clipboard()->text();
+    if (!text.isEmpty())
+        text_edit->insertPlainText(text);
+}
+
+} // namespace my_classes

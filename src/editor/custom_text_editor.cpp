@@ -1,0 +1,130 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include "editor/document_statistics.h"
+#include "editor/text_area.h"
+#include "editor/wrapping_tool_bar.h"
+
+#include <my_classes/custom_highlighter.h>
+#include <my_classes/custom_text_editor.h>
+
+#include <QtGui/QAction>
+#include <QtGui/QShortcut>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QFontComboBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QVBoxLayout>
+
+namespace my_classes {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int k_side_margin = 70;      // pixels
+constexpr int k_icon_size = 16;        // pixels
+constexpr int k_zoom_button_size = 25; // pixels
+
+QPushButton *zoom_button(const QString &text, const QString &accessible_name)
+{
+    auto *button = new QPushButton(text);
+    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    button->setMaximumSize(k_zoom_button_size, k_zoom_button_size);
+    button->setEnabled(true);
+    button->setFocusPolicy(Qt::TabFocus); // a click leaves the focus in the text
+    button->setAccessibleName(accessible_name);
+    return button;
+}
+
+} // namespace
+
+CustomTextEditor::CustomTextEditor(const std::optional<QFont> &font, QWidget *parent, const QString &language)
+    : QWidget(parent)
+    , lang(language)
+    , editor_font(font.value_or(QFont(u"Times new roman"_s, 12)))
+{
+    initUI();
+}
+
+CustomTextEditor::~CustomTextEditor()
+{
+    delete search_dialog.data();
+}
+
+void CustomTextEditor::initUI()
+{
+    auto *column = new QVBoxLayout;
+    column->setContentsMargins(k_side_margin, 0, k_side_margin, 0);
+    create_toolbar(column);
+    create_text_area(column);
+    create_status_row(column);
+    setLayout(column);
+    add_toolbar_buttons();
+}
+
+void CustomTextEditor::create_toolbar(QBoxLayout *column)
+{
+    auto *bar = new WrappingToolBar(tr("Main Toolbar"), this);
+    toolbar = bar;
+    toolbar->setIconSize(QSize(k_icon_size, k_icon_size));
+    column->addWidget(toolbar);
+    connect(bar, &WrappingToolBar::left, this, [this] { text_edit->setFocus(); });
+    auto *to_toolbar = new QShortcut(Qt::ALT | Qt::Key_F10, this);
+    to_toolbar->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(to_toolbar, &QShortcut::activated, bar, &WrappingToolBar::focus_first_item);
+}
+
+void CustomTextEditor::create_text_area(QBoxLayout *column)
+{
+    text_edit = new TextArea(this);
+    text_edit->setStyleSheet(u"QTextEdit { padding: 50px; border: 1px solid lightgray; }"_s);
+    text_edit->setAutoFormatting(QTextEdit::AutoAll);
+    text_edit->setAccessibleName(tr("Document"));
+    connect(text_edit, &QTextEdit::cursorPositionChanged, this, &CustomTextEditor::update_from_cursor);
+    connect(text_edit, &QTextEdit::textChanged, this, &CustomTextEditor::count_words);
+    connect(text_edit, &QTextEdit::selectionChanged, this, &CustomTextEditor::selection_changed);
+    column->addWidget(text_edit);
+    m_statistics = new DocumentStatistics(text_edit->document());
+
+    spellchecker = std::make_unique<my_spellchecker::MySpellChecker>(lang);
+    highlighter = new CustomHighlighter(text_edit->document());
+    text_edit->setAutoFillBackground(true);
+    apply_window_colour();
+}
+
+void CustomTextEditor::create_status_row(QBoxLayout *column)
+{
+    QPushButton *zoom_in_button = zoom_button(u"+"_s, tr("Zoom in"));
+    QPushButton *zoom_out_button = zoom_button(u"-"_s, tr("Zoom out"));
+    connect(zoom_in_button, &QPushButton::clicked, this, &CustomTextEditor::zoom_in);
+    connect(zoom_out_button, &QPushButton::clicked, this, &CustomTextEditor::zoom_out);
+    word_count_label = new QLabel;
+    word_count_label->setMinimumWidth(1); // a long line of counts must not hold the window wide
+    zoom_label = new QLabel(u"100%"_s);
+
+    auto *row = new QHBoxLayout;
+    row->addWidget(word_count_label);
+    row->addItem(new QSpacerItem(20, 20, QSizePolicy::Expanding, QSizePolicy::Minimum));
+    row->addWidget(zoom_out_button);
+    row->addWidget(zoom_label);
+    row->addWidget(zoom_in_button);
+    column->addLayout(row);
+}
+
+void CustomTextEditor::apply_window_colour()
+{
+    // A palette of its own with one colour set: the others go on following the theme.
+    QPalette colours;
+    colours.setColor(QPalette::Base, palette().color(QPalette::Window));
+    text_edit->setPalette(colours);
+}
+
+void CustomTextEditor::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && text_edit)
+        apply_window_colour();
+}
+
+} // namespace my_classes

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "editor/text_statistics.h"
+
+#include <QtCore/QObject>
+
+#include <vector>
+
+QT_BEGIN_NAMESPACE
+class QTextBlock;
+class QTextCursor;
+class QTextDocument;
+QT_END_NAMESPACE
+
+namespace my_classes {
+
+/// The counts of a document, kept per paragraph and up to date from its change notifications.
+///
+/// The paragraphs' counts are the leaves of a binary tree whose inner nodes hold the counts of all below, so that an
+/// edit inside a paragraph costs that paragraph and the logarithm of their number.
+class DocumentStatistics : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Owned by `document`.
+    explicit DocumentStatistics(QTextDocument *document);
+
+    /// The counts of toPlainText().
+    TextCounts of_document();
+    /// The counts of the cursor's selectedText().
+    TextCounts of_selection(const QTextCursor &cursor);
+
+private:
+    void update(int position, int removed, int added);
+    void recount_everything();
+    bool is_current() const;
+    void resize_leaves(int first, int old_count, int new_count);
+    void refresh_parents(int first, int last);
+    TextCounts of_blocks(int first, int end) const;
+
+    QTextDocument *m_document;
+    int m_block_count = 0;
+    int m_capacity = 0;             // leaves that fit, a power of two
+    std::vector<TextCounts> m_tree; // root at 1, leaf of block i at m_capacity + i
+};
+
+} // namespace my_classes

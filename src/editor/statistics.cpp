@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include "editor/document_statistics.h"
+
+#include <my_classes/custom_text_editor.h>
+
+#include <QtCore/QLocale>
+#include <QtWidgets/QLabel>
+
+namespace my_classes {
+
+namespace {
+
+/// Decimal with a comma between groups of three digits, whatever the system's locale.
+QString grouped(int number)
+{
+    static const QLocale comma_grouping(QLocale::English, QLocale::UnitedStates);
+    return comma_grouping.toString(number);
+}
+
+} // namespace
+
+void CustomTextEditor::count_words()
+{
+    const QTextCursor cursor = text_edit->textCursor();
+    const bool selected = cursor.hasSelection();
+    const TextCounts counts = selected ? m_statistics->of_selection(cursor) : m_statistics->of_document();
+    QString line;
+    if (counts.words > 0) {
+        line = tr("Lang: %1 | %2%3 sentences | %4 words | %5 characters")
+                   .arg(lang.toUpper(), selected ? tr("Selected: ") : QString(), grouped(counts.sentences),
+                        grouped(counts.words), grouped(counts.characters));
+    }
+    if (line != word_count_label->text())
+        word_count_label->setText(line);
+}
+
+int CustomTextEditor::count_sentences(const QString &text) const
+{
+    return count_text(text).sentences;
+}
+
+void CustomTextEditor::count_lines(const QVariant &) {}
+
+} // namespace my_classes

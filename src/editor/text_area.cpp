@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include "editor/text_area.h"
+
+#include <my_classes/custom_text_editor.h>
+
+#include <QtGui/QWheelEvent>
+
+namespace my_classes {
+
+namespace {
+constexpr int k_page_margin = 50; // pixels
+} // namespace
+
+TextArea::TextArea(CustomTextEditor *editor)
+    : m_editor(editor)
+{
+    setViewportMargins(k_page_margin, k_page_margin, k_page_margin, k_page_margin);
+}
+
+void TextArea::scroll_by_wheel(QWheelEvent *event)
+{
+    QTextEdit::wheelEvent(event);
+}
+
+bool TextArea::event(QEvent *event)
+{
+    // Over the margins the wheel reaches the frame, not the viewport, and QAbstractScrollArea drops it there.
+    if (event->type() == QEvent::Wheel) {
+        m_editor->wheel_event(static_cast<QWheelEvent *>(event));
+        return event->isAccepted();
+    }
+    return QTextEdit::event(event);
+}
+
+void TextArea::keyPressEvent(QKeyEvent *event)
+{
+    // Tab writes a tab, so QTextEdit keeps both directions; Shift+Tab is of no use in the text.
+    if (event->key() == Qt::Key_Backtab && QAbstractScrollArea::focusNextPrevChild(false)) {
+        event->accept();
+        return;
+    }
+    QTextEdit::keyPressEvent(event);
+}
+
+void TextArea::wheelEvent(QWheelEvent *event)
+{
+    m_editor->wheel_event(event);
+}
+
+} // namespace my_classes

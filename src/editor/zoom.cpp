@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include "editor/text_area.h"
+
+#include <my_classes/custom_text_editor.h>
+
+#include <QtGui/QWheelEvent>
+#include <QtWidgets/QLabel>
+
+#include <cstdlib>
+
+namespace my_classes {
+
+namespace {
+constexpr int k_step_percent = 10;
+} // namespace
+
+void CustomTextEditor::zoom_in()
+{
+    if (zoom_percent >= zoom_max_percent)
+        return;
+    zoom_by(1);
+    zoom_percent += k_step_percent;
+    update_zoom_label();
+}
+
+void CustomTextEditor::zoom_out()
+{
+    if (zoom_percent <= zoom_min_percent)
+        return;
+    zoom_by(-1);
+    zoom_percent -= k_step_percent;
+    update_zoom_label();
+}
+
+void CustomTextEditor::set_zoom_percent(int percent)
+{
+    zoom_percent = percent;
+    // Applied on top of the present zoom: hosts rely on it.
+    zoom_by(static_cast<int>((static_cast<qint64>(percent) - 100) / k_step_percent));
+    update_zoom_label();
+}
+
+void CustomTextEditor::update_zoom_label()
+{
+    zoom_label->setText(QString::number(zoom_percent) + u'%');
+}
+
+void CustomTextEditor::wheel_event(QWheelEvent *event)
+{
+    if (!event->modifiers().testFlag(Qt::ControlModifier)) {
+        static_cast<TextArea *>(text_edit)->scroll_by_wheel(event);
+        return;
+    }
+    if (event->angleDelta().y() > 0)
+        zoom_in();
+    else
+        zoom_out();
+    event->accept();
+}
+
+void CustomTextEditor::zoom_by(int points)
+{
+    const double before = text_edit->font().pointSizeF();
+    if (!qFuzzyCompare(before, m_zoomed_size))
+        m_zoomed_points = 0; // the host has set a font since
+    if (points > 0)
+        text_edit->zoomIn(points);
+    else
+        text_edit->zoomOut(-points);
+    m_zoomed_size = text_edit->font().pointSizeF();
+    m_zoomed_points += m_zoomed_size - before;
+}
+
+QFont CustomTextEditor::unzoomed_font() const
+{
+    QFont font = text_edit->document()->defaultFont();
+    const double size = font.pointSizeF();
+    if (!qFuzzyIsNull(m_zoomed_points) && qFuzzyCompare(size, m_zoomed_size) && size > m_zoomed_points)
+        font.setPointSizeF(size - m_zoomed_points);
+    return font;
+}
+
+std::unique_ptr<QTextDocument> CustomTextEditor::unzoomed_copy() const
+{
+    std::unique_ptr<QTextDocument> copy(text_edit->document()->clone());
+    copy->setDefaultFont(unzoomed_font());
+    return copy;
+}
+
+} // namespace my_classes

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QtCore/QDateTime>
+#include <QtCore/QHash>
+#include <QtCore/QSet>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+
+#include <enchant.h>
+#include <memory>
+#include <utility>
+
+namespace my_spellchecker {
+
+/// One language's dictionary, shared by all checkers of that language in the process, with its remembered answers.
+///
+/// Loaded when first asked. The answers are forgotten when the person's word list changes, by whatever program.
+class Dictionary
+{
+public:
+    /// The dictionary that serves `lang`. Throws std::runtime_error naming `lang` and what there is, if none does.
+    static std::shared_ptr<Dictionary> for_language(const QString &lang);
+
+    Dictionary(std::shared_ptr<EnchantBroker> broker, const QString &tag);
+    ~Dictionary();
+
+    Dictionary(const Dictionary &) = delete;
+    Dictionary &operator=(const Dictionary &) = delete;
+
+    /// Both throw std::runtime_error if the dictionary cannot be loaded (any more).
+    QSet<QString> misspelled_words(const QString &text);
+    QStringList suggestions(const QString &word);
+
+    /// Adds to the person's word list; to the session's if the dictionary or the list cannot be used.
+    void add(const QString &word);
+
+private:
+    using Stamp = std::pair<QDateTime, qint64>;
+
+    void load();
+    bool is_misspelled(QStringView word);
+    bool ask(const QString &word) const;
+    Stamp word_list_stamp() const;
+    void forget_if_word_list_changed();
+    void forget_verdicts_of(const QString &word);
+
+    std::shared_ptr<EnchantBroker> m_broker;
+    QString m_tag;
+    EnchantDict *m_dictionary = nullptr; // the broker's
+    QHash<QString, bool> m_is_misspelled;
+    QHash<QString, QStringList> m_suggestions;
+    Stamp m_word_list_stamp;
+};
+
+} // namespace my_spellchecker

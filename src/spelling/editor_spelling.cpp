@@ -1,0 +1,149 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include "editor/word_under_cursor.h"
+#include "frame/diagnostics.h"
+
+#include <my_classes/custom_highlighter.h>
+#include <my_classes/custom_text_editor.h>
+
+#include <QtCore/QLoggingCategory>
+#include <QtCore/QSignalBlocker>
+#include <QtGui/QAction>
+#include <QtWidgets/QComboBox>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace my_classes {
+
+using namespace Qt::StringLiterals;
+
+Q_LOGGING_CATEGORY(log_spelling, "my_classes.spelling")
+
+void CustomTextEditor::check_spelling()
+{
+    QSet<QString> misspelled;
+    {
+        const QSignalBlocker quiet(text_edit); // underlining is not an edit
+        correctAction->setEnabled(false);
+        addWordAction->setEnabled(false);
+        try {
+            misspelled = spellchecker->check(text_edit->toPlainText());
+        } catch (const std::runtime_error &error) {
+            qCWarning(log_spelling, "%s", error.what());
+            return;
+        }
+        highlighter->setMisspelled(misspelled);
+        trace(u"Misspelled words: %1"_s.arg(misspelled.size()), quoted_list(misspelled.values()));
+    }
+    Q_EMIT check_spelling_done(misspelled); // listeners may move the cursor: signals are back on
+}
+
+void CustomTextEditor::show_first_misspelled(const QSet<QString> &misspelled)
+{
+    trace("Going to first misspelled...");
+    const QSignalBlocker quiet(text_edit);
+    QTextCursor cursor = text_edit->textCursor();
+    cursor.movePosition(QTextCursor::Start);
+    bool examined = false;
+    while (!cursor.atEnd()) {
+        cursor = word_under_cursor(cursor);
+        examined = true;
+        if (misspelled.contains(cursor.selectedText()))
+            break;
+        if (!cursor.movePosition(QTextCursor::NextWord))
+            break;
+    }
+    if (!examined)
+        return;
+    // Also when no word was found: the last word of the document is shown then.
+    cursor.movePosition(QTextCursor::StartOfWord);
+    text_edit->setTextCursor(cursor);
+    text_edit->ensureCursorVisible();
+    text_edit->setFocus();
+    // Their word is no longer the one under the cursor.
+    correctAction->setEnabled(false);
+    addWordAction->setEnabled(false);
+}
+
+void CustomTextEditor::update_from_cursor()
+{
+    update_format_buttons();
+    update_font_combos();
+    update_suggestions();
+}
+
+void CustomTextEditor::update_suggestions()
+{
+    // In lower case: a word reported with capitals is never offered suggestions.
+    const QString word = word_under_cursor(text_edit->textCursor()).selectedText().trimmed().toLower();
+    correctAction->setEnabled(false);
+    addWordAction->setEnabled(false);
+    if (suggestionsComboBox->count() > 0)
+        suggestionsComboBox->clear();
+    if (!highlighter->misspelled.contains(word))
+        return;
+
+    trace(u"Misspelled word: "_s + word);
+    QStringList suggestions;
+    try {
+        suggestions = spellchecker->get_suggestions(word);
+    } catch (const std::runtime_error &error) {
+        qCWarning(log_spelling, "%s", error.what());
+        return;
+    }
+    trace(u"Suggestions: "_s + quoted_list(suggestions));
+    if (suggestions.isEmpty()) {
+        addWordAction->setEnabled(true);
+        return;
+    }
+    QStringList sorted = suggestions;
+    std::sort(sorted.begin(), sorted.end());
+    suggestionsComboBox->addItems(sorted);
+    suggestionsComboBox->setCurrentText(suggestions.first());
+    correctAction->setEnabled(true);
+}
+
+void CustomTextEditor::correct_word()
+{
+    trace("Correcting misspelled word...");
+    const QString suggestion = suggestionsComboBox->currentText();
+    if (suggestion.isEmpty())
+        return;
+    QTextCursor cursor = word_under_cursor(text_edit->textCursor());
+    QTextCursor first_letter = cursor;
+    first_letter.setPosition(cursor.selectionStart() + (cursor.hasSelection() ? 1 : 0));
+    cursor.insertText(suggestion, first_letter.charFormat());
+}
+
+void CustomTextEditor::add_word_to_dictionary()
+{
+    // As it stands, neither stripped nor in lower case.
+    const QString word = word_under_cursor(text_edit->textCursor()).selectedText();
+    try {
+        spellchecker->spell.word_frequency.add(word);
+    } catch (const std::runtime_error &error) {
+        qCWarning(log_spelling, "%s", error.what());
+        return;
+    }
+    const QPointer<CustomTextEditor> still_here(this);
+    Q_EMIT word_added_to_dictionary(word);
+    if (still_here)
+        check_spelling();
+}
+
+/// Limpia el resaltado de todas las palabras en el documento.
+void CustomTextEditor::clear_highlights()
+{
+    QTextCursor cursor = text_edit->textCursor();
+    cursor.setPosition(0);
+    cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+    QTextCharFormat format;
+    format.setBackground(Qt::transparent);
+    cursor.mergeCharFormat(format);
+    search_results.clear();
+    current_search_index = -1;
+}
+
+} // namespace my_classes

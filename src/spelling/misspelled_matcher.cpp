@@ -1,0 +1,131 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include "spelling/misspelled_matcher.h"
+
+#include "frame/code_points.h"
+#include "spelling/word_characters.h"
+
+#include <algorithm>
+
+namespace my_classes {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool is_word_character_before(QStringView text, qsizetype position)
+{
+    return position > 0 && is_word_character(code_point_before(text, position).value);
+}
+
+bool is_word_character_at(QStringView text, qsizetype position)
+{
+    return position < text.size() && is_word_character(code_point_at(text, position).value);
+}
+
+/// End of the run of word characters that starts at `position`.
+qsizetype run_end(QStringView text, qsizetype position)
+{
+    while (position < text.size()) {
+        const CodePoint c = code_point_at(text, position);
+        if (!is_word_character(c.value))
+            break;
+        position += c.length;
+    }
+    return position;
+}
+
+/// Whether `word`, taken as a pattern, matches itself and nothing else.
+bool is_literal(const QString &word)
+{
+    constexpr QStringView metacharacters = u"\\^$.[|()?*+{";
+    return std::none_of(word.begin(), word.end(), [&](QChar c) { return metacharacters.contains(c); });
+}
+
+QList<MisspelledMatcher::Range> merged(QList<MisspelledMatcher::Range> ranges)
+{
+    using Range = MisspelledMatcher::Range;
+    std::sort(ranges.begin(), ranges.end(), [](const Range &a, const Range &b) { return a.start < b.start; });
+    QList<Range> result;
+    for (const Range &range : ranges) {
+        if (!result.isEmpty() && range.start <= result.last().start + result.last().length)
+            result.last().length = std::max(result.last().length, range.start + range.length - result.last().start);
+        else
+            result.append(range);
+    }
+    return result;
+}
+
+} // namespace
+
+MisspelledMatcher::MisspelledMatcher(const QSet<QString> &words)
+{
+    for (const QString &word : words) {
+        const bool framed = is_word_character_at(word, 0) && is_word_character_before(word, word.size());
+        if (framed && is_literal(word) && word.isValidUtf16()) {
+            const qsizetype first_run = run_end(word, 0);
+            if (first_run == word.size())
+                m_words.insert(word);
+            else
+                m_compound_words[word.left(first_run)].append(word);
+            continue;
+        }
+        QRegularExpression pattern(u"\\b"_s + word + u"\\b"_s, QRegularExpression::UseUnicodePropertiesOption);
+        if (pattern.isValid())
+            m_patterns.push_back(pattern);
+    }
+}
+
+QList<MisspelledMatcher::Range> MisspelledMatcher::ranges(const QString &text) const
+{
+    QList<Range> found;
+    if (is_empty() || !text.isValidUtf16()) // no expression matches text with half a character in it
+        return found;
+    QHash<QString, int> free_from; // per compound word: its matches do not overlap each other
+    for (qsizetype position = 0; position < text.size();) {
+        const CodePoint c = code_point_at(text, position);
+        if (!is_word_character(c.value)) {
+            position += c.length;
+            continue;
+        }
+        const qsizetype end = run_end(text, position + c.length);
+        const QString run = QString::fromRawData(text.constData() + position, end - position);
+        if (m_words.contains(run))
+            found.append({static_cast<int>(position), static_cast<int>(end - position)});
+        if (!m_compound_words.isEmpty())
+            add_compound_matches(text, run, static_cast<int>(position), &free_from, &found);
+        position = end;
+    }
+    add_pattern_matches(text, &found);
+    return m_compound_words.isEmpty() && m_patterns.empty() ? found : merged(found);
+}
+
+void MisspelledMatcher::add_compound_matches(const QString &text, const QString &first_run, int start,
+                                             QHash<QString, int> *free_from, QList<Range> *found) const
+{
+    const auto candidates = m_compound_words.constFind(first_run);
+    if (candidates == m_compound_words.constEnd())
+        return;
+    for (const QString &word : *candidates) {
+        const int end = start + static_cast<int>(word.size());
+        if (start < free_from->value(word) || QStringView(text).mid(start, word.size()) != word ||
+            is_word_character_at(text, end))
+            continue;
+        found->append({start, end - start});
+        free_from->insert(word, end);
+    }
+}
+
+void MisspelledMatcher::add_pattern_matches(const QString &text, QList<Range> *found) const
+{
+    for (const QRegularExpression &pattern : m_patterns) {
+        for (QRegularExpressionMatchIterator matches = pattern.globalMatch(text); matches.hasNext();) {
+            const QRegularExpressionMatch match = matches.next();
+            if (match.capturedLength() > 0)
+                found->append({static_cast<int>(match.capturedStart()), static_cast<int>(match.capturedLength())});
+        }
+    }
+}
+
+} // namespace my_classes

@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QtCore/QHash>
+#include <QtCore/QList>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QSet>
+#include <QtCore/QString>
+
+#include <vector>
+
+namespace my_classes {
+
+/// Finds what the expressions \b word \b of many words match in a paragraph, in one pass over it.
+///
+/// Words that could mean something else as patterns than the text they are go through their expression.
+class MisspelledMatcher
+{
+public:
+    struct Range
+    {
+        int start;
+        int length;
+    };
+
+    explicit MisspelledMatcher(const QSet<QString> &words);
+
+    /// Where `text` is to be underlined: in order, neither overlapping nor touching.
+    QList<Range> ranges(const QString &text) const;
+
+    bool is_empty() const { return m_words.isEmpty() && m_compound_words.isEmpty() && m_patterns.empty(); }
+
+private:
+    void add_compound_matches(const QString &text, const QString &first_run, int start, QHash<QString, int> *free_from,
+                              QList<Range> *found) const;
+    void add_pattern_matches(const QString &text, QList<Range> *found) const;
+
+    QSet<QString> m_words;                        // of word characters only
+    QHash<QString, QStringList> m_compound_words; // others that are what they say, by their first run of them
+    std::vector<QRegularExpression> m_patterns;
+};
+
+} // namespace my_classes

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include "spelling/dictionary.h"
+
+#include <my_classes/my_spellchecker.h>
+
+#include <utility>
+
+namespace my_spellchecker {
+
+WordFrequency::WordFrequency(std::shared_ptr<Dictionary> dictionary)
+    : m_dictionary(std::move(dictionary))
+{
+}
+
+void WordFrequency::add(const QString &word)
+{
+    m_dictionary->add(word);
+}
+
+MySpellChecker::MySpellChecker(const QString &lang)
+    : m_dictionary(Dictionary::for_language(lang))
+    , spell{WordFrequency(m_dictionary)}
+{
+}
+
+MySpellChecker::~MySpellChecker() = default;
+
+QSet<QString> MySpellChecker::check(const QString &text)
+{
+    return m_dictionary->misspelled_words(text);
+}
+
+QStringList MySpellChecker::get_suggestions(const QString &word)
+{
+    return m_dictionary->suggestions(word);
+}
+
+} // namespace my_spellchecker
