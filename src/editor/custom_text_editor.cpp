@@ -78,6 +78,8 @@ void CustomTextEditor::create_toolbar(QBoxLayout *column)
 void CustomTextEditor::create_text_area(QBoxLayout *column)
 {
     text_edit = new TextArea(this);
+    word_count_label = new QLabel;
+    word_count_label->setMinimumWidth(1); // a long line of counts must not hold the window wide
     text_edit->setStyleSheet(u"QTextEdit { padding: 50px; border: 1px solid lightgray; }"_s);
     text_edit->setAutoFormatting(QTextEdit::AutoAll);
     text_edit->setAccessibleName(tr("Document"));
@@ -99,8 +101,6 @@ void CustomTextEditor::create_status_row(QBoxLayout *column)
     QPushButton *zoom_out_button = zoom_button(u"-"_s, tr("Zoom out"));
     connect(zoom_in_button, &QPushButton::clicked, this, &CustomTextEditor::zoom_in);
     connect(zoom_out_button, &QPushButton::clicked, this, &CustomTextEditor::zoom_out);
-    word_count_label = new QLabel;
-    word_count_label->setMinimumWidth(1); // a long line of counts must not hold the window wide
     zoom_label = new QLabel(u"100%"_s);
 
     auto *row = new QHBoxLayout;

@@ -17,9 +17,7 @@ WrappingToolBar::WrappingToolBar(const QString &title, QWidget *parent)
 {
     // The layout goes on creating the items, but neither places nor hides them.
     layout()->setEnabled(false);
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    policy.setHeightForWidth(true);
-    setSizePolicy(policy);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
 void WrappingToolBar::focus_first_item()
@@ -30,18 +28,6 @@ void WrappingToolBar::focus_first_item()
             return;
         }
     }
-}
-
-bool WrappingToolBar::hasHeightForWidth() const
-{
-    return true;
-}
-
-int WrappingToolBar::heightForWidth(int width) const
-{
-    int height = 0;
-    places(width, &height);
-    return height;
 }
 
 QSize WrappingToolBar::minimumSizeHint() const
@@ -133,8 +119,11 @@ std::vector<WrappingToolBar::Place> WrappingToolBar::places(int width, int *heig
     int x = margins.left();
     int y = margins.top();
     int row_height = 0;
+    bool ends_in_separator = false;
 
     const auto end_row = [&] {
+        if (row_start < all.size() && ends_in_separator)
+            all.back().rectangle = QRect();
         for (auto i = row_start; i < all.size(); ++i)
             all[i].rectangle.translate(0, (row_height - all[i].rectangle.height()) / 2);
         row_start = all.size();
@@ -155,6 +144,7 @@ std::vector<WrappingToolBar::Place> WrappingToolBar::places(int width, int *heig
         all.push_back({item.widget, QRect(x, y, item_width, item.size.height())});
         x += item_width + spacing();
         row_height = std::max(row_height, item.size.height());
+        ends_in_separator = item.is_separator;
     }
     end_row();
     *height = y + row_height + margins.bottom();
@@ -180,6 +170,9 @@ void WrappingToolBar::place_items()
         if (widget && !action->isVisible())
             widget->hide();
     }
+    // Not as a height for a width: layouts ask the bar's own layout for that, which knows of one row.
+    if (height != minimumHeight() || height != maximumHeight())
+        setFixedHeight(height);
 }
 
 } // namespace my_classes

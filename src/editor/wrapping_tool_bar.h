@@ -23,8 +23,6 @@ public:
     /// Gives the focus to the first item that takes it.
     void focus_first_item();
 
-    bool hasHeightForWidth() const override;
-    int heightForWidth(int width) const override;
     QSize minimumSizeHint() const override;
     QSize sizeHint() const override;
 
