@@ -13,6 +13,7 @@
 
 namespace my_spellchecker {
 
+class CheckedText;
 class Dictionary;
 
 /// Adds words to the personal word list of a language.
@@ -53,7 +54,8 @@ public:
 
     /// The distinct misspelled words of `text`, as written there. A word is a run of letters and marks with inner
     /// apostrophes; single letters, words with digits, addresses and file paths are never reported. Throws
-    /// std::runtime_error if the dictionary has disappeared since construction.
+    /// std::runtime_error if the dictionary has disappeared since construction. The text is remembered: checking it
+    /// again after an edit costs the edited paragraphs.
     QSet<QString> check(const QString &text);
 
     /// Replacements for `word`, best first; empty if there are none. Throws as check() does.
@@ -61,6 +63,7 @@ public:
 
 private:
     std::shared_ptr<Dictionary> m_dictionary;
+    std::unique_ptr<CheckedText> m_checked_text;
 
 public:
     Spell spell;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "editor/document_statistics.h"
+#include "editor/status_label.h"
 #include "editor/text_area.h"
 #include "editor/wrapping_tool_bar.h"
 
@@ -78,8 +79,7 @@ void CustomTextEditor::create_toolbar(QBoxLayout *column)
 void CustomTextEditor::create_text_area(QBoxLayout *column)
 {
     text_edit = new TextArea(this);
-    word_count_label = new QLabel;
-    word_count_label->setMinimumWidth(1); // a long line of counts must not hold the window wide
+    word_count_label = new StatusLabel;
     text_edit->setStyleSheet(u"QTextEdit { padding: 50px; border: 1px solid lightgray; }"_s);
     text_edit->setAutoFormatting(QTextEdit::AutoAll);
     text_edit->setAccessibleName(tr("Document"));
@@ -104,7 +104,7 @@ void CustomTextEditor::create_status_row(QBoxLayout *column)
     zoom_label = new QLabel(u"100%"_s);
 
     auto *row = new QHBoxLayout;
-    row->addWidget(word_count_label);
+    row->addWidget(word_count_label, 1);
     row->addItem(new QSpacerItem(20, 20, QSizePolicy::Expanding, QSizePolicy::Minimum));
     row->addWidget(zoom_out_button);
     row->addWidget(zoom_label);

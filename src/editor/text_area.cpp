@@ -6,17 +6,25 @@
 #include <my_classes/custom_text_editor.h>
 
 #include <QtGui/QWheelEvent>
+#include <QtWidgets/QScrollBar>
 
 namespace my_classes {
 
 namespace {
 constexpr int k_page_margin = 50; // pixels
+constexpr int k_overshoot = 2;    // pixels
 } // namespace
 
 TextArea::TextArea(CustomTextEditor *editor)
     : m_editor(editor)
 {
     setViewportMargins(k_page_margin, k_page_margin, k_page_margin, k_page_margin);
+    // Qt's line breaking can let an underlined word overshoot its line by a fraction of a pixel. That is nothing to
+    // scroll to, and a second scroll bar makes every repaint dearer.
+    connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, [this](int, int maximum) {
+        const bool overshoot = maximum > 0 && maximum <= k_overshoot;
+        setHorizontalScrollBarPolicy(overshoot ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+    });
 }
 
 void TextArea::scroll_by_wheel(QWheelEvent *event)

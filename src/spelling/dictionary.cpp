@@ -3,8 +3,6 @@
 
 #include "spelling/dictionary.h"
 
-#include "spelling/word_tokenizer.h"
-
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
 #include <QtCore/QStandardPaths>
@@ -123,23 +121,22 @@ void Dictionary::load()
         throw std::runtime_error(u"The dictionary \"%1\" cannot be loaded any more."_s.arg(m_tag).toStdString());
 }
 
-QSet<QString> Dictionary::misspelled_words(const QString &text)
+int Dictionary::refresh()
 {
     load();
-    forget_if_word_list_changed();
-    QSet<QString> words;
-    WordTokenizer tokenizer(text);
-    for (QStringView word = tokenizer.next(); !word.isEmpty(); word = tokenizer.next()) {
-        if (is_misspelled(word))
-            words.insert(word.toString());
+    const Stamp stamp = word_list_stamp();
+    if (stamp != m_word_list_stamp) {
+        m_word_list_stamp = stamp;
+        m_is_misspelled.clear();
+        m_suggestions.clear();
+        ++m_generation;
     }
-    return words;
+    return m_generation;
 }
 
 QStringList Dictionary::suggestions(const QString &word)
 {
-    load();
-    forget_if_word_list_changed();
+    refresh();
     if (const auto known = m_suggestions.constFind(word); known != m_suggestions.constEnd())
         return *known;
 
@@ -163,8 +160,7 @@ void Dictionary::add(const QString &word)
     const QString added = with_straight_apostrophes(word.trimmed());
     if (added.isEmpty())
         return;
-    load();
-    forget_if_word_list_changed();
+    refresh();
     const QByteArray utf8 = added.toUtf8();
     enchant_dict_add(m_dictionary, utf8.constData(), utf8.size());
     if (ask(added)) // the list cannot be written
@@ -172,6 +168,7 @@ void Dictionary::add(const QString &word)
     m_word_list_stamp = word_list_stamp();
     forget_verdicts_of(added);
     m_suggestions.clear();
+    ++m_generation;
 }
 
 bool Dictionary::is_misspelled(QStringView word)
@@ -201,16 +198,6 @@ Dictionary::Stamp Dictionary::word_list_stamp() const
     const QString directory = qEnvironmentVariable("ENCHANT_CONFIG_DIR", standard);
     const QFileInfo list(directory + u'/' + m_tag + ".dic"_L1);
     return {list.lastModified(), list.size()};
-}
-
-void Dictionary::forget_if_word_list_changed()
-{
-    const Stamp stamp = word_list_stamp();
-    if (stamp == m_word_list_stamp)
-        return;
-    m_word_list_stamp = stamp;
-    m_is_misspelled.clear();
-    m_suggestions.clear();
 }
 
 void Dictionary::forget_verdicts_of(const QString &word)

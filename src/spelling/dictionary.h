@@ -5,7 +5,6 @@
 
 #include <QtCore/QDateTime>
 #include <QtCore/QHash>
-#include <QtCore/QSet>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
@@ -30,8 +29,15 @@ public:
     Dictionary(const Dictionary &) = delete;
     Dictionary &operator=(const Dictionary &) = delete;
 
-    /// Both throw std::runtime_error if the dictionary cannot be loaded (any more).
-    QSet<QString> misspelled_words(const QString &text);
+    /// Loads the dictionary where that is still to be done and forgets answers that no longer hold. Returns a number
+    /// that changes whenever remembered answers may have changed. Throws std::runtime_error if the dictionary cannot
+    /// be loaded (any more).
+    int refresh();
+
+    /// Whether the engine calls `word` misspelled; remembered. Call refresh() first.
+    bool is_misspelled(QStringView word);
+
+    /// Replacements for `word`, best first; remembered. Throws as refresh() does.
     QStringList suggestions(const QString &word);
 
     /// Adds to the person's word list; to the session's if the dictionary or the list cannot be used.
@@ -41,10 +47,8 @@ private:
     using Stamp = std::pair<QDateTime, qint64>;
 
     void load();
-    bool is_misspelled(QStringView word);
     bool ask(const QString &word) const;
     Stamp word_list_stamp() const;
-    void forget_if_word_list_changed();
     void forget_verdicts_of(const QString &word);
 
     std::shared_ptr<EnchantBroker> m_broker;
@@ -53,6 +57,7 @@ private:
     QHash<QString, bool> m_is_misspelled;
     QHash<QString, QStringList> m_suggestions;
     Stamp m_word_list_stamp;
+    int m_generation = 0;
 };
 
 } // namespace my_spellchecker

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the my_classes authors
 // SPDX-License-Identifier: MIT
 
+#include "spelling/checked_text.h"
 #include "spelling/dictionary.h"
 
 #include <my_classes/my_spellchecker.h>
@@ -21,6 +22,7 @@ void WordFrequency::add(const QString &word)
 
 MySpellChecker::MySpellChecker(const QString &lang)
     : m_dictionary(Dictionary::for_language(lang))
+    , m_checked_text(std::make_unique<CheckedText>())
     , spell{WordFrequency(m_dictionary)}
 {
 }
@@ -29,7 +31,7 @@ MySpellChecker::~MySpellChecker() = default;
 
 QSet<QString> MySpellChecker::check(const QString &text)
 {
-    return m_dictionary->misspelled_words(text);
+    return m_checked_text->misspelled_words(text, *m_dictionary);
 }
 
 QStringList MySpellChecker::get_suggestions(const QString &word)

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include "editor/status_label.h"
+
+#include <QtGui/QPainter>
+
+namespace my_classes {
+
+StatusLabel::StatusLabel()
+{
+    setTextFormat(Qt::PlainText);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+}
+
+QSize StatusLabel::minimumSizeHint() const
+{
+    return {1, fontMetrics().height()};
+}
+
+QSize StatusLabel::sizeHint() const
+{
+    return minimumSizeHint();
+}
+
+void StatusLabel::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    const QFontMetrics metrics = fontMetrics();
+    const bool surely_fits = text().size() * metrics.maxWidth() <= width();
+    const QString shown = surely_fits ? text() : metrics.elidedText(text(), Qt::ElideRight, width());
+    painter.setPen(palette().color(foregroundRole()));
+    painter.drawText(contentsRect(), Qt::AlignVCenter | Qt::TextSingleLine, shown);
+}
+
+} // namespace my_classes

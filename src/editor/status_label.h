@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QtWidgets/QLabel>
+
+namespace my_classes {
+
+/// A line of plain text that takes the width it is given and ends in dots where that is too little. Its text does not
+/// move the layout, so that it may change with every key press.
+class StatusLabel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    StatusLabel();
+
+    QSize minimumSizeHint() const override;
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+};
+
+} // namespace my_classes
