@@ -47,7 +47,7 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
 
     const QString expected = application.arguments().value(1);
-    check(k_directory_at_load == expected, qPrintable(u"icons looked for in " + k_directory_at_load));
+    check(k_directory_at_load == expected, qPrintable("icons looked for in " + k_directory_at_load));
     check(my_utils::get_app_directory() == my_classes::app_directory, "the directory changes");
 
     my_classes::MainWindow window;
@@ -59,12 +59,13 @@ int main(int argc, char *argv[])
     my_classes::EditableTabWidget tabs;
     tabs.addTab(tab, QStringLiteral("Chapter"));
     my_classes::SearchDialog search_dialog(editor->text_edit);
-    my_classes::DownloadDialog download_dialog(QString(), QString(), QString());
+    my_classes::DownloadDialog download_dialog(QStringLiteral("none:"), QString(), QString());
     my_classes::TableDimensionInputDialog table_dialog;
     my_classes::ImageSizeInputDialog image_dialog(16, 9);
     check(image_dialog.get_inputs().second == QStringLiteral("9"), "no image size");
     QTextDocument document;
-    my_classes::CustomHighlighter(&document).setMisspelled({QStringLiteral("chaptre")});
+    my_classes::CustomHighlighter highlighter(&document);
+    highlighter.setMisspelled({QStringLiteral("chaptre")});
     check(my_spellchecker::MySpellChecker(QStringLiteral("en")).check(QStringLiteral("A chaptre")).size() == 1,
           "no spelling");
     check(&my_msgboxes::confirm_warning_yes_no != nullptr, "no confirmation box");
