@@ -67,6 +67,8 @@ void TstProgram::one_window_until_it_is_closed()
     program.start(m_program, {u"-geometry"_s, u"300x200+5+5"_s, u"-style"_s, u"none"_s}); // nothing of this is for Qt
     QTRY_VERIFY_WITH_TIMEOUT(!visible_windows().isEmpty() || program.state() == QProcess::NotRunning, 60000);
 
+    QVERIFY2(program.state() == QProcess::Running, program.readAllStandardError().constData());
+
     const QString window = visible_windows();
     QCOMPARE(window.count(u'\n'), 0);
     QCOMPARE(x_tool({u"getwindowname"_s, window}), u"MainWindow with CustomTextEditor"_s);
