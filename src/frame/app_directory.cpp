@@ -5,18 +5,94 @@
 #include <my_classes/my_utils.h>
 
 #include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QStringList>
+
+using namespace Qt::StringLiterals;
+
+#ifdef MY_CLASSES_EMBEDS_ICONS
+// The linker drops a static library's resources unless something asks for them; the macro does not work in a namespace.
+static void keep_embedded_icons()
+{
+    Q_INIT_RESOURCE(my_classes_icons);
+}
+#endif
 
 namespace my_utils {
 
+namespace {
+
+/// Where installations keep architecture-dependent files: bin, lib, lib/<architecture>, libexec/<something>/<more>.
+constexpr int k_deepest_module_directory = 3;
+
+const char k_inside_this_module = 0;
+
+bool has_icons(const QString &directory)
+{
+    return QFileInfo(directory + "/icons"_L1).isDir();
+}
+
+/// Directory of the shared library or program that this code was loaded from; empty if the system does not tell.
+QString module_directory()
+{
+    const auto here = reinterpret_cast<quintptr>(&k_inside_this_module);
+    QFile mappings(u"/proc/self/maps"_s);
+    if (!mappings.open(QIODevice::ReadOnly))
+        return {};
+    // Lines such as "7f2e02171000-7f2e021c8000 r--p 00000000 fe:00 320475    /usr/lib/libmy_classes.so"
+    for (QByteArray line = mappings.readLine(); !line.isEmpty(); line = mappings.readLine()) {
+        const qsizetype dash = line.indexOf('-');
+        const qsizetype blank = line.indexOf(' ');
+        const qsizetype path = line.indexOf('/');
+        const quintptr first = line.left(dash).toULongLong(nullptr, 16);
+        const quintptr behind = line.mid(dash + 1, blank - dash - 1).toULongLong(nullptr, 16);
+        if (here >= first && here < behind)
+            return path < 0 ? QString() : QFileInfo(QFile::decodeName(line.mid(path).trimmed())).path();
+    }
+    return {};
+}
+
+} // namespace
+
 QString get_app_directory()
 {
-    return QDir::currentPath();
+    const QString wanted = qEnvironmentVariable("MY_CLASSES_APP_DIRECTORY");
+    if (!wanted.isEmpty())
+        return QDir::cleanPath(QDir(wanted).absolutePath());
+
+    const QString module = module_directory();
+    QDir ancestor(module);
+    for (int level = 0; !module.isEmpty() && level <= k_deepest_module_directory; ++level) {
+        const QString shared_data = ancestor.filePath(u"share/my_classes"_s);
+        if (has_icons(shared_data))
+            return QDir::cleanPath(shared_data);
+        if (!ancestor.cdUp())
+            break;
+    }
+
+    const QStringList known_places = QStringLiteral(MY_CLASSES_DATA_DIRECTORIES).split(u'|', Qt::SkipEmptyParts);
+    for (const QString &place : known_places) {
+        if (has_icons(place))
+            return place;
+    }
+
+#ifdef MY_CLASSES_EMBEDS_ICONS
+    keep_embedded_icons();
+    return u":/my_classes"_s;
+#else
+    return module.isEmpty() ? QDir::currentPath() : module;
+#endif
 }
 
 } // namespace my_utils
 
 namespace my_classes {
 
+#if defined(__GNUC__) && !defined(__APPLE__)
+// Before the initialisers of a program that the static library is linked into, which may already use it.
+__attribute__((init_priority(101)))
+#endif
 const QString app_directory = my_utils::get_app_directory();
 
 } // namespace my_classes

@@ -3,9 +3,11 @@
 
 #include <my_classes/main_window.h>
 
+#include <QtCore/QTemporaryDir>
 #include <QtWidgets/QApplication>
 
 #include <cstdio>
+#include <optional>
 #include <stdexcept>
 
 namespace {
@@ -13,6 +15,11 @@ namespace {
 /// Shows the window until it is closed. Returns the exit status.
 int run_editor()
 {
+    // Outside a desktop session (root, a bare X server) Qt complains on standard error that this directory is not set.
+    std::optional<QTemporaryDir> session;
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR") && session.emplace().isValid())
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(session->path()));
+
     char program_name[] = "my_classes";
     char *arguments[] = {program_name, nullptr}; // the user's arguments are not handed to Qt
     int argument_count = 1;

@@ -1,0 +1,86 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 the my_classes authors
+# SPDX-License-Identifier: MIT
+
+# Installs what is missing, builds a release and opens the program. On a machine without a display the program is opened
+# on a virtual one, photographed and closed again.
+source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
+
+program=$repository/build/release/bin/my_classes
+screenshot=$repository/build/screenshot.png
+window_name='MainWindow with CustomTextEditor'
+
+# wait_until SECONDS COMMAND...
+wait_until() {
+    local end=$((SECONDS + $1))
+    shift
+    until "$@"; do
+        [[ $SECONDS -lt $end ]] || return 1
+        sleep 0.2
+    done
+}
+
+has_ended() {
+    ! kill -0 "$1" 2>/dev/null
+}
+
+has_display() {
+    [[ -s $scratch/display ]]
+}
+
+has_window() {
+    window=$(xdotool search --onlyvisible --name "$window_name") || has_ended "$program_id"
+}
+
+# An empty window has a colour or two.
+has_photograph() {
+    has_ended "$program_id" && return
+    import -window "$window" "$screenshot" && [[ $(identify -format %k "$screenshot") -gt 16 ]]
+}
+
+close_window() {
+    xdotool windowactivate --sync "$window" key alt+F4 2>/dev/null
+    wait_until 10 has_ended "$program_id"
+}
+
+run_on_virtual_display() {
+    scratch=$(mktemp -d)
+    trap 'kill $(jobs -p) 2>/dev/null; rm -rf "$scratch"' EXIT
+
+    Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp >"$scratch/display" 2>"$scratch/log" &
+    if ! wait_until 30 has_display; then
+        cat "$scratch/log" >&2
+        return 1
+    fi
+    DISPLAY=:$(<"$scratch/display")
+    export DISPLAY
+    openbox --sm-disable 2>/dev/null &
+
+    local status=0
+    "$program" &
+    program_id=$!
+    if wait_until 60 has_window && wait_until 30 has_photograph && ! has_ended "$program_id"; then
+        echo "No display here: the program ran on a virtual one, its picture is $screenshot"
+        wait_until 30 close_window || kill "$program_id"
+    fi
+    wait "$program_id" || status=$?
+    return $status
+}
+
+need build
+[[ -n ${DISPLAY:-}${WAYLAND_DISPLAY:-} ]] || need headless
+continue_as_owner "$repository/scripts/run.sh"
+
+cd "$repository"
+mkdir -p build
+cmake --preset release >build/configure.log 2>&1 || { cat build/configure.log >&2; exit 1; }
+cmake --build --preset release --target my_classes_program
+
+status=0
+if [[ -n ${DISPLAY:-}${WAYLAND_DISPLAY:-} ]]; then
+    "$program" || status=$?
+else
+    run_on_virtual_display || status=$?
+fi
+[[ $status -eq 0 ]] || echo "The program failed with status $status." >&2
+exit $status
