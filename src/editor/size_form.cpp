@@ -25,19 +25,23 @@ SizeForm::SizeForm(QDialog *dialog, const QString &first_label, const QString &s
 {
     const auto *digits = new QRegularExpressionValidator(QRegularExpression(u"[0-9]*"_s), dialog);
     auto *column = new QVBoxLayout;
-    const auto add_row = [&](const QString &text, QLineEdit *input) {
-        input->setPlaceholderText(tr("Write an integer value"));
-        input->setValidator(digits);
-        input->setAccessibleName(text);
-        auto *label = new QLabel(text);
+    const QString hint = tr("Write an integer value");
+    QLabel *labels[] = {new QLabel(first_label), new QLabel(second_label)};
+    const int label_width = qMax(labels[0]->sizeHint().width(), labels[1]->sizeHint().width());
+    const auto add_row = [&](QLabel *label, QLineEdit *input) {
         label->setBuddy(input);
+        label->setMinimumWidth(label_width); // the fields stand below each other
+        input->setPlaceholderText(hint);
+        input->setMinimumWidth(input->fontMetrics().horizontalAdvance(hint) + input->sizeHint().height());
+        input->setValidator(digits);
+        input->setAccessibleName(label->text());
         auto *row = new QHBoxLayout;
         row->addWidget(label);
         row->addWidget(input);
         column->addLayout(row);
     };
-    add_row(first_label, first);
-    add_row(second_label, second);
+    add_row(labels[0], first);
+    add_row(labels[1], second);
 
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(ok);
