@@ -9,48 +9,44 @@
 
 namespace my_classes {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int k_most_megabytes = 512;
 constexpr int k_longest_side = 1'000'000; // libpng's own limit
 
 QtMessageHandler next_handler = nullptr;
-thread_local bool is_quiet = false;
+thread_local int quiet_depth = 0;
 
-void drop_warnings_of_quiet_thread(QtMsgType type, const QMessageLogContext &context, const QString &message)
+void drop_decoders_warnings(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-    if (!is_quiet || type != QtWarningMsg)
+    const bool is_decoders =
+        type == QtWarningMsg && QLatin1StringView(context.category).startsWith("qt.gui.imageio"_L1);
+    if (quiet_depth == 0 || !is_decoders)
         next_handler(type, context, message);
 }
 
-/// While it lives, the decoders of this thread write no warnings (the null image tells the caller), and may use more
-/// memory than Qt's default, which a photograph of 48 megapixels exceeds.
-class QuietCodecs
-{
-public:
-    QuietCodecs()
-        : m_limit(QImageReader::allocationLimit())
-    {
-        if (m_limit > 0 && m_limit < k_most_megabytes)
-            QImageReader::setAllocationLimit(k_most_megabytes);
-        // In two steps, so that another thread that writes meanwhile finds a handler to go on to.
-        next_handler = qInstallMessageHandler(nullptr);
-        qInstallMessageHandler(drop_warnings_of_quiet_thread);
-        is_quiet = true;
-    }
-    ~QuietCodecs()
-    {
-        is_quiet = false;
-        qInstallMessageHandler(next_handler);
-        QImageReader::setAllocationLimit(m_limit);
-    }
-    Q_DISABLE_COPY_MOVE(QuietCodecs)
-
-private:
-    const int m_limit; // megabytes; 0 means none
-};
-
 } // namespace
+
+QuietCodecs::QuietCodecs()
+    : m_limit(QImageReader::allocationLimit())
+{
+    if (m_limit > 0 && m_limit < k_most_megabytes)
+        QImageReader::setAllocationLimit(k_most_megabytes);
+    if (++quiet_depth > 1)
+        return;
+    // In two steps, so that another thread that writes meanwhile finds a handler to go on to.
+    next_handler = qInstallMessageHandler(nullptr);
+    qInstallMessageHandler(drop_decoders_warnings);
+}
+
+QuietCodecs::~QuietCodecs()
+{
+    if (--quiet_depth == 0)
+        qInstallMessageHandler(next_handler);
+    QImageReader::setAllocationLimit(m_limit);
+}
 
 bool is_buildable_picture(qint64 width, qint64 height)
 {
