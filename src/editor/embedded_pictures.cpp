@@ -7,6 +7,7 @@
 
 #include <QtCore/QUrl>
 #include <QtGui/QAbstractTextDocumentLayout>
+#include <QtGui/QPainter>
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextFormat>
 
@@ -33,6 +34,7 @@ EmbeddedPictures::EmbeddedPictures(QTextDocument *document)
     , m_qt_handler(document->documentLayout()->handlerForObject(QTextFormat::ImageObject))
 {
     document->documentLayout()->registerHandler(QTextFormat::ImageObject, this);
+    connect(document, &QTextDocument::contentsChanged, this, [this, document] { forget_unused(document); });
 }
 
 QSizeF EmbeddedPictures::intrinsicSize(QTextDocument *document, int position, const QTextFormat &format)
@@ -43,7 +45,10 @@ QSizeF EmbeddedPictures::intrinsicSize(QTextDocument *document, int position, co
 void EmbeddedPictures::drawObject(QPainter *painter, const QRectF &rect, QTextDocument *document, int position,
                                   const QTextFormat &format)
 {
+    painter->save();
+    painter->setRenderHint(QPainter::SmoothPixmapTransform); // counts on screens of 200% and where a side was left out
     m_qt_handler->drawObject(painter, rect, document, position, with_resource(document, format));
+    painter->restore();
 }
 
 /// The image format under the short name of a resource that holds the decoded picture.
@@ -56,7 +61,6 @@ QTextImageFormat EmbeddedPictures::with_resource(QTextDocument *document, const 
         const QStringView base64 = base64_text(name);
         if (base64.isEmpty())
             return image;
-        forget_unused(document);
         const QImage decoded = decode_picture(QByteArray::fromBase64(base64.toLatin1()));
         const QUrl resource(u"embedded-picture:%1"_s.arg(++m_decoded));
         picture = m_pictures.insert(name.constData(), {name, resource, QPixmap::fromImage(decoded)});
@@ -69,7 +73,7 @@ QTextImageFormat EmbeddedPictures::with_resource(QTextDocument *document, const 
 void EmbeddedPictures::forget_unused(QTextDocument *document)
 {
     for (auto picture = m_pictures.begin(); picture != m_pictures.end();) {
-        if (picture->name.isDetached()) { // nobody else has the text any more
+        if (picture->name.isDetached()) { // the document was cleared: nobody else has the text any more
             document->addResource(QTextDocument::ImageResource, picture->resource, QVariant());
             picture = m_pictures.erase(picture);
         } else {
