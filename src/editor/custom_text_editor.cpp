@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "editor/document_statistics.h"
+#include "editor/embedded_pictures.h"
 #include "editor/status_label.h"
 #include "editor/text_area.h"
 #include "editor/wrapping_tool_bar.h"
@@ -88,6 +89,7 @@ void CustomTextEditor::create_text_area(QBoxLayout *column)
     connect(text_edit, &QTextEdit::selectionChanged, this, &CustomTextEditor::selection_changed);
     column->addWidget(text_edit);
     m_statistics = new DocumentStatistics(text_edit->document());
+    new EmbeddedPictures(text_edit->document());
 
     spellchecker = std::make_unique<my_spellchecker::MySpellChecker>(lang);
     highlighter = new CustomHighlighter(text_edit->document());

@@ -2,3 +2,30 @@
 // SPDX-License-Identifier: MIT
 
 #include "editor/html_fragments.h"
+
+#include <QtCore/QLatin1StringView>
+#include <QtCore/QStringBuilder>
+
+namespace my_classes {
+
+using namespace Qt::StringLiterals;
+
+QString table_html(int rows, int columns)
+{
+    const QString table_style = u"border: 1px solid black; border-collapse: collapse; width: 100%;"_s;
+    const QString cell_style = u"border: 1px solid black; min-width: 200px; min-height: 30px; padding: 8px;"_s;
+
+    const QString cell = u"<td contenteditable='true' style='" % cell_style % u"'></td>";
+    const QString row = u"<tr>" % cell.repeated(columns) % u"</tr>";
+    return u"\n            <table border=\"1\" style=\"" % table_style % u"\">\n                " % row.repeated(rows) %
+           u"\n            </table>\n        ";
+}
+
+QString image_html(QByteArrayView base64_png, const QString &width, const QString &height)
+{
+    // One allocation, whatever the size: the text of a photograph runs into hundreds of megabytes.
+    return u"<img src=\"data:image/png;base64," % QLatin1StringView(base64_png) % u"\" width=\"" % width %
+           u"\" height=\"" % height % u"\">";
+}
+
+} // namespace my_classes

@@ -1,14 +1,29 @@
 // SPDX-FileCopyrightText: 2026 the my_classes authors
 // SPDX-License-Identifier: MIT
 
+#include "editor/size_form.h"
+
 #include <my_classes/image_size_input_dialog.h>
+
+#include <QtWidgets/QLineEdit>
 
 namespace my_classes {
 
-ImageSizeInputDialog::ImageSizeInputDialog(int, int) {}
+ImageSizeInputDialog::ImageSizeInputDialog(int w, int h)
+{
+    setWindowTitle(tr("Image Size"));
+    const SizeForm form(this, tr("Image Width:"), tr("Image Height:"));
+    input1 = form.first;
+    input2 = form.second;
+    ok_button = form.ok;
+    cancel_button = form.cancel;
+    input1->setText(QString::number(w));
+    input2->setText(QString::number(h));
+}
+
 std::pair<QString, QString> ImageSizeInputDialog::get_inputs() const
 {
-    return {};
+    return {input1->text(), input2->text()};
 }
 
 } // namespace my_classes

@@ -3,11 +3,39 @@
 
 #include <my_classes/custom_text_editor.h>
 
+#include <QtGui/QTextCursor>
+
 namespace my_classes {
 
-void CustomTextEditor::insert_list(QTextListFormat::Style) {}
-void CustomTextEditor::insert_numbered_list() {}
-void CustomTextEditor::insert_bullet_list_disc() {}
-void CustomTextEditor::insert_bullet_list_square() {}
+void CustomTextEditor::insert_numbered_list()
+{
+    insert_list(QTextListFormat::ListDecimal);
+}
+
+void CustomTextEditor::insert_bullet_list_disc()
+{
+    insert_list(QTextListFormat::ListDisc);
+}
+
+void CustomTextEditor::insert_bullet_list_square()
+{
+    insert_list(QTextListFormat::ListSquare);
+}
+
+// Always a new list, also inside a list: these commands never take a list away.
+void CustomTextEditor::insert_list(QTextListFormat::Style style)
+{
+    QTextListFormat format;
+    format.setStyle(style);
+
+    QTextCursor cursor = text_edit->textCursor();
+    cursor.beginEditBlock();
+    if (cursor.hasSelection())
+        cursor.createList(format);
+    else
+        cursor.insertList(format);
+    cursor.endEditBlock();
+    text_edit->ensureCursorVisible();
+}
 
 } // namespace my_classes

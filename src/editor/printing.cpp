@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the my_classes authors
 // SPDX-License-Identifier: MIT
 
+#include "editor/pictures.h"
+
 #include <my_classes/custom_text_editor.h>
 
 #include <QtPrintSupport/QPrintDialog>
@@ -17,8 +19,10 @@ void CustomTextEditor::print_document()
     if (!dialog)
         return;
     delete dialog.data();
-    if (accepted)
-        unzoomed_copy()->print(&printer); // a copy carries no spelling underlines either
+    if (!accepted)
+        return;
+    const QuietCodecs large_pictures_print_too;
+    unzoomed_copy()->print(&printer); // a copy carries no spelling underlines either
 }
 
 } // namespace my_classes

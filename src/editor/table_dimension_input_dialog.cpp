@@ -1,14 +1,27 @@
 // SPDX-FileCopyrightText: 2026 the my_classes authors
 // SPDX-License-Identifier: MIT
 
+#include "editor/size_form.h"
+
 #include <my_classes/table_dimension_input_dialog.h>
+
+#include <QtWidgets/QLineEdit>
 
 namespace my_classes {
 
-TableDimensionInputDialog::TableDimensionInputDialog() = default;
+TableDimensionInputDialog::TableDimensionInputDialog()
+{
+    setWindowTitle(tr("Table Dimensión"));
+    const SizeForm form(this, tr("Table Rows:"), tr("Table Columns:"));
+    input1 = form.first;
+    input2 = form.second;
+    ok_button = form.ok;
+    cancel_button = form.cancel;
+}
+
 std::pair<QString, QString> TableDimensionInputDialog::get_inputs() const
 {
-    return {};
+    return {input1->text(), input2->text()};
 }
 
 } // namespace my_classes
