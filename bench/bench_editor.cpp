@@ -27,7 +27,8 @@ using my_classes::CustomTextEditor;
 /// The editor and a plain text area of the size of its own.
 struct Windows
 {
-    explicit Windows(const QString &text) : editor(QFont(QStringLiteral("Liberation Serif"), 12))
+    explicit Windows(const QString &text)
+        : editor(QFont(QStringLiteral("Liberation Serif"), 12))
     {
         editor.resize(1000, 800);
         editor.show();
@@ -81,23 +82,23 @@ void measure_keys(Windows &windows, const QString &size)
         const char *name;
         QTextCursor::MoveOperation where;
         double limit;
-    } places[] = {{"start", QTextCursor::Start, 1.15}, {"middle", QTextCursor::NoMove, 1.15},
-                  {"end", QTextCursor::End, 2.5}};
+    } places[] = {
+        {"start", QTextCursor::Start, 1.15}, {"middle", QTextCursor::NoMove, 1.15}, {"end", QTextCursor::End, 2.5}};
     for (const auto &place : places) {
         windows.put_cursors(place.where);
         const int rounds = place.where == QTextCursor::End ? 101 : 41;
-        bench::print_row(QStringLiteral("key press at the %1, %2").arg(QLatin1StringView(place.name), size),
-                         bench::alternate(
-                             rounds, [&] { press(windows.editor.text_edit, 'x'); },
-                             [&] { press(&windows.plain, 'x'); }),
-                         place.limit);
+        bench::print_row(
+            QStringLiteral("key press at the %1, %2").arg(QLatin1StringView(place.name), size),
+            bench::alternate(
+                rounds, [&] { press(windows.editor.text_edit, 'x'); }, [&] { press(&windows.plain, 'x'); }),
+            place.limit);
         windows.put_cursors(place.where);
         const Qt::Key arrow = place.where == QTextCursor::End ? Qt::Key_Left : Qt::Key_Right;
-        bench::print_row(QStringLiteral("arrow key at the %1, %2").arg(QLatin1StringView(place.name), size),
-                         bench::alternate(
-                             101, [&] { press(windows.editor.text_edit, arrow); },
-                             [&] { press(&windows.plain, arrow); }),
-                         2.5);
+        bench::print_row(
+            QStringLiteral("arrow key at the %1, %2").arg(QLatin1StringView(place.name), size),
+            bench::alternate(
+                101, [&] { press(windows.editor.text_edit, arrow); }, [&] { press(&windows.plain, arrow); }),
+            2.5);
     }
 }
 

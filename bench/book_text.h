@@ -28,9 +28,8 @@ inline const QStringList &vocabulary()
         }
         std::mt19937 random(7);
         std::shuffle(all.begin(), all.end(), random);
-        std::stable_sort(all.begin(), all.end(), [](const QString &a, const QString &b) {
-            return a.size() / 4 < b.size() / 4;
-        });
+        std::stable_sort(all.begin(), all.end(),
+                         [](const QString &a, const QString &b) { return a.size() / 4 < b.size() / 4; });
         all.resize(std::min<qsizetype>(all.size(), 20'000));
         return all;
     }();

@@ -3,6 +3,7 @@
 
 #include "editor/wrapping_tool_bar.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtGui/QActionEvent>
 #include <QtWidgets/QLayout>
 #include <QtWidgets/QStyle>
@@ -76,17 +77,16 @@ void WrappingToolBar::actionEvent(QActionEvent *event)
             widget->setFocusPolicy(Qt::TabFocus); // a click leaves the focus in the text
     }
     updateGeometry();
-    place_items();
+    QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
 }
 
 bool WrappingToolBar::event(QEvent *event)
 {
     const bool handled = QToolBar::event(event);
-    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::StyleChange ||
-        event->type() == QEvent::LayoutDirectionChange) {
-        updateGeometry();
+    const bool changes_sizes = event->type() == QEvent::LayoutRequest || event->type() == QEvent::StyleChange ||
+                               event->type() == QEvent::LayoutDirectionChange;
+    if (event->type() == QEvent::Show || (changes_sizes && isVisible())) // a hidden bar need not be right
         place_items();
-    }
     return handled;
 }
 

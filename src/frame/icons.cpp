@@ -12,7 +12,9 @@ namespace my_classes {
 QIcon icon(const QString &file_name)
 {
     const QChar separator = QDir::separator();
-    return QIcon(app_directory + separator + QStringLiteral("icons") + separator + file_name);
+    const QString path = app_directory + separator + QStringLiteral("icons") + separator + file_name;
+    // Told the format, Qt does not load every image plug-in to ask whose the file is.
+    return QIcon(QPixmap(path, "PNG"));
 }
 
 } // namespace my_classes
