@@ -133,9 +133,8 @@ void CustomTextEditor::add_suggestions_box()
     suggestionsComboBox->setEditable(false);
     suggestionsComboBox->setAccessibleName(tr("Spelling suggestions"));
     suggestionsComboBox->setFocusPolicy(Qt::TabFocus); // choosing by mouse leaves the focus in the text
-    // Wide enough for the placeholder and long words, and of one width whatever the suggestions.
+    // As wide as its placeholder, and of one width whatever the suggestions.
     suggestionsComboBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    suggestionsComboBox->setMinimumContentsLength(static_cast<int>(suggestionsComboBox->placeholderText().size()));
     toolbar->addWidget(suggestionsComboBox);
 }
 
