@@ -38,10 +38,18 @@ has_photograph() {
     import -window "$window" "$screenshot" 2>/dev/null && [[ $(identify -format %k "$screenshot") -gt 16 ]]
 }
 
+# Asks the way a person does; only a window manager can. It starts late, so that it finds the window complete.
 close_window() {
+    openbox --sm-disable >/dev/null 2>&1 &
+    wait_until 30 has_taken_key alt+F4
+}
+
+has_taken_key() {
     has_ended "$program_id" && return
-    timeout 5 xdotool windowactivate --sync "$window" key alt+F4 2>/dev/null
-    wait_until 10 has_ended "$program_id"
+    xdotool windowactivate "$window" 2>/dev/null
+    [[ $(xdotool getactivewindow 2>/dev/null) == "$window" ]] || return
+    xdotool key "$1"
+    wait_until 5 has_ended "$program_id"
 }
 
 run_on_virtual_display() {
@@ -55,12 +63,11 @@ run_on_virtual_display() {
     fi
     DISPLAY=:$(<"$scratch/display")
     export DISPLAY
-    openbox --sm-disable >/dev/null 2>&1 &
 
     local status=0
     "$program" &
     program_id=$!
-    if wait_until 60 has_window && wait_until 30 has_photograph && wait_until 30 close_window; then
+    if wait_until 60 has_window && wait_until 30 has_photograph && close_window; then
         wait "$program_id" || status=$?
         [[ $status -ne 0 ]] || echo "No display here: the program ran on a virtual one, its picture is $screenshot"
     else
