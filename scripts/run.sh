@@ -35,35 +35,46 @@ has_window() {
 # An empty window has a colour or two.
 has_photograph() {
     has_ended "$program_id" && return
-    import -window "$window" "$screenshot" && [[ $(identify -format %k "$screenshot") -gt 16 ]]
+    import -window "$window" "$screenshot" 2>/dev/null && [[ $(identify -format %k "$screenshot") -gt 16 ]]
 }
 
+# Asks the way a person does; only a window manager can. It starts late, so that it finds the window complete.
 close_window() {
-    xdotool windowactivate --sync "$window" key alt+F4 2>/dev/null
-    wait_until 10 has_ended "$program_id"
+    openbox --sm-disable >/dev/null 2>&1 &
+    wait_until 30 has_taken_key alt+F4
+}
+
+has_taken_key() {
+    has_ended "$program_id" && return
+    xdotool windowactivate "$window" 2>/dev/null
+    [[ $(xdotool getactivewindow 2>/dev/null) == "$window" ]] || return
+    xdotool key "$1"
+    wait_until 5 has_ended "$program_id"
 }
 
 run_on_virtual_display() {
     scratch=$(mktemp -d)
     trap 'kill $(jobs -p) 2>/dev/null; rm -rf "$scratch"' EXIT
 
-    Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp >"$scratch/display" 2>"$scratch/log" &
+    Xvfb -displayfd 1 -screen 0 1280x1024x24 -noreset -nolisten tcp >"$scratch/display" 2>"$scratch/log" &
     if ! wait_until 30 has_display; then
         cat "$scratch/log" >&2
         return 1
     fi
     DISPLAY=:$(<"$scratch/display")
     export DISPLAY
-    openbox --sm-disable 2>/dev/null &
 
     local status=0
     "$program" &
     program_id=$!
-    if wait_until 60 has_window && wait_until 30 has_photograph && ! has_ended "$program_id"; then
-        echo "No display here: the program ran on a virtual one, its picture is $screenshot"
-        wait_until 30 close_window || kill "$program_id"
+    if wait_until 60 has_window && wait_until 30 has_photograph && close_window; then
+        wait "$program_id" || status=$?
+        [[ $status -ne 0 ]] || echo "No display here: the program ran on a virtual one, its picture is $screenshot"
+    else
+        echo "The program did not open, show and close its window in time." >&2
+        kill "$program_id"
+        status=1
     fi
-    wait "$program_id" || status=$?
     return $status
 }
 
