@@ -5,6 +5,7 @@
 
 #include <my_classes/custom_text_editor.h>
 
+#include <QtCore/QScopeGuard>
 #include <QtGui/QAction>
 #include <QtGui/QImageReader>
 #include <QtGui/QTextBlock>
@@ -320,6 +321,7 @@ void TstInsertion::dialogs()
     const QString before = editor.get_html_content();
     int seen = 0;
     const Answer look_and_cancel = [&](QDialog *dialog) {
+        const auto close_after_a_failure = qScopeGuard([dialog] { dialog->reject(); });
         ++seen;
         QCOMPARE(dialog->windowHandle()->transientParent(), editor.windowHandle());
         QVERIFY(editor.frameGeometry().contains(dialog->geometry()));
