@@ -10,7 +10,6 @@
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
 #include <QtGui/QWindow>
-#include <QtTest/QSignalSpy>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
@@ -125,6 +124,13 @@ struct Reference
         return results;
     }
 };
+
+/// What `action` writes, without the test framework's own lines.
+QString trace_of(const std::function<void()> &action)
+{
+    static const QRegularExpression remark(u"^(QWARN|WARNING).*\n"_s, QRegularExpression::MultilineOption);
+    return test_support::standard_output_of(action).remove(remark);
+}
 
 QString state_of(const QTextEdit &area)
 {
@@ -278,14 +284,14 @@ void TstSearch::same_as_step_by_step()
         wanted.replace_all();
         if (wanted.is_endless)
             continue;
-        int undo_steps = 0;
+        QString before_all;
         BoxAnswers answers;
-        const QString seen = test_support::standard_output_of([&] {
+        const QString seen = trace_of([&] {
             for (int step = 0; step < steps; ++step)
                 dialog.find_next();
             if (replaces_one)
                 dialog.replace();
-            undo_steps = area.document()->availableUndoSteps();
+            before_all = area.toPlainText();
             dialog.replace_all();
         });
         const QByteArray what = u"'%1': '%2' by '%3'"_s.arg(document, wanted.wanted, wanted.replacement).toUtf8();
@@ -295,7 +301,10 @@ void TstSearch::same_as_step_by_step()
         QCOMPARE(dialog.replace_button->isEnabled(), wanted.can_replace);
         QCOMPARE(dialog.replace_all_button->isEnabled(), wanted.can_replace);
         QVERIFY(!dialog.matches);
-        QVERIFY2(area.document()->availableUndoSteps() - undo_steps <= 1, what);
+        if (!seen.contains(u"Total 0 "_s)) {
+            area.undo();
+            QVERIFY2(area.toPlainText() == before_all, what);
+        }
 
         while (area.document()->isUndoAvailable())
             area.undo();
@@ -303,7 +312,7 @@ void TstSearch::same_as_step_by_step()
         while (wanted.area.document()->isUndoAvailable())
             wanted.area.undo();
         const QList<int> results = wanted.find_all();
-        test_support::standard_output_of([&] { dialog.find_all_matches(); });
+        trace_of([&] { dialog.find_all_matches(); });
         QCOMPARE(dialog.search_results, results);
         QCOMPARE(area.toHtml(), wanted.area.toHtml());
         ++compared;
@@ -349,7 +358,7 @@ void TstSearch::keeps_up_with_the_document()
 
         const QString text = area.toPlainText();
         const QRegularExpressionMatch match = QRegularExpression(u"\\bcat\\b"_s).match(text);
-        const QString seen = test_support::standard_output_of([&] { dialog.restart_search(); });
+        const QString seen = trace_of([&] { dialog.restart_search(); });
         QVERIFY2(match.hasMatch() ? seen.contains(u"Found next %1\n"_s.arg(match.capturedStart()))
                                   : seen.contains(u"No matches found!"_s),
                  (seen + text).toUtf8());
@@ -362,7 +371,6 @@ void TstSearch::find_all_navigates()
 {
     Scene scene(u"cat concatenate Cat cat"_s);
     scene.type(u"CAT"_s, {});
-    const auto trace_of = [](const std::function<void()> &action) { return test_support::standard_output_of(action); };
     scene.area->moveCursor(QTextCursor::End);
     QCOMPARE(trace_of([&] { scene.dialog->find_all_matches(); }), u"[0, 7, 16, 20]\nNavigate to position -1\n"_s);
     QCOMPARE(scene.area->textCursor().position(), 23);
@@ -375,7 +383,7 @@ void TstSearch::find_all_navigates()
     scene.area->setPlainText(u"a cat"_s);
     QCOMPARE(trace_of([&] { scene.dialog->find_all_matches(); }), u"[2]\nNavigate to position 1\n"_s);
     QCOMPARE(scene.area->textCursor().position(), 1);
-    QTRY_VERIFY(scene.area->hasFocus());
+    QCOMPARE(scene.window->focusWidget(), scene.area);
     scene.area->setPlainText(u"a"_s);
     scene.dialog->navigate_to_match(40); // from an older text
     QCOMPARE(scene.area->textCursor().position(), 1);
@@ -421,16 +429,15 @@ void TstSearch::keyboard_and_window()
     QCOMPARE(dialog->windowHandle()->transientParent(), other.windowHandle());
     scene.window->close();
 
-    QSignalSpy no_windows(qApp, &QGuiApplication::lastWindowClosed);
-    other.close();
-    QTRY_COMPARE(no_windows.count(), 1);
-    QVERIFY(dialog->isVisible());
+    QTimer::singleShot(0, &other, &QWidget::close);
+    QTimer::singleShot(5000, &other, [] { QApplication::exit(1); });
+    QCOMPARE(QApplication::exec(), 0); // the dialog alone does not keep the application running
     delete scene.area;
     QVERIFY(!scene.dialog);
 
     SearchDialog orphan(nullptr);
     orphan.search_input->setText(u"cat"_s);
-    QCOMPARE(test_support::standard_output_of([&] {
+    QCOMPARE(trace_of([&] {
                  orphan.find_next();
                  orphan.find_all_matches();
                  orphan.next_match();
@@ -487,8 +494,7 @@ void TstSearch::replace_all_can_be_left()
     });
     waits_for_progress.start(10);
 
-    const QString seen =
-        test_support::standard_output_of([&] { QTest::mouseClick(scene.dialog->replace_all_button, Qt::LeftButton); });
+    const QString seen = trace_of([&] { QTest::mouseClick(scene.dialog->replace_all_button, Qt::LeftButton); });
     const auto total = QRegularExpression(u"box: Replace All: Total (\\d+) matches replaced!\n$"_s).match(seen);
     QVERIFY(total.hasMatch());
     const int count = total.captured(1).toInt();
@@ -509,7 +515,7 @@ void TstSearch::runaway_pattern_has_no_matches()
     BoxAnswers answers;
     for (const QString &pattern : {u"(a+)+$"_s, u"(a|aa)+$"_s, u"(.*)*x"_s, u"(?:a|.)*b"_s}) {
         scene.type(pattern, {});
-        const QString seen = test_support::standard_output_of([&] { scene.dialog->find_next(); });
+        const QString seen = trace_of([&] { scene.dialog->find_next(); });
         QCOMPARE(seen, u"finding next...\nbox: Search: No matches found!\n"_s);
     }
 }
@@ -551,7 +557,7 @@ void TstSearch::survives_deletion()
     });
     waits_for_progress.start(10);
 
-    test_support::standard_output_of([&] {
+    trace_of([&] {
         scene.type(u"two"_s, during == u"Replace All"_s ? u"twos"_s : u"two two"_s);
         if (during == u"Return"_s) {
             scene.type(u"nothing"_s, {});

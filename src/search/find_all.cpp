@@ -7,6 +7,7 @@
 
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
+#include <QtGui/QTextFrame>
 #include <QtWidgets/QLineEdit>
 
 #include <algorithm>
@@ -17,11 +18,42 @@ namespace my_classes {
 
 namespace {
 
-void set_background(QTextCursor selection, const QColor &colour)
+QTextCharFormat background(const QColor &colour)
 {
     QTextCharFormat format;
     format.setBackground(colour);
-    selection.mergeCharFormat(format);
+    return format;
+}
+
+void set_background(QTextCursor cursor, int from, int until, const QColor &colour)
+{
+    cursor.setPosition(from);
+    cursor.setPosition(until, QTextCursor::KeepAnchor);
+    if (cursor.hasSelection())
+        cursor.mergeCharFormat(background(colour));
+}
+
+/// Yellow on the matches and nothing on the rest, as one change of the document: each costs a layout of what follows.
+void mark(QTextDocument *document, const QList<int> &matches, int length)
+{
+    QTextCursor cursor(document);
+    const int end = document->characterCount() - 1;
+    // What lies between two matches is not one range where there are tables. Elsewhere nothing is changed twice: where
+    // Qt undoes two changes of one place in one step, it warns of a position out of range.
+    const bool has_frames = !document->rootFrame()->childFrames().isEmpty();
+    if (has_frames)
+        set_background(cursor, 0, end, Qt::transparent);
+    cursor.beginEditBlock();
+    int done = 0;
+    for (const int start : matches) {
+        if (!has_frames)
+            set_background(cursor, done, start, Qt::transparent);
+        done = start + length;
+        set_background(cursor, start, done, Qt::yellow);
+    }
+    if (!has_frames)
+        set_background(cursor, done, end, Qt::transparent);
+    cursor.endEditBlock();
 }
 
 QString number_list(const QList<int> &numbers)
@@ -42,20 +74,16 @@ void SearchDialog::find_all_matches()
     const QPointer<SearchDialog> here(this);
     QTextDocument *document = editor->document();
     QList<int> found;
-    QTextCursor block(document); // one change of the document: each costs a layout of what lies behind it
-    block.beginEditBlock();
-    clear_highlight();
     for (QTextCursor cursor(document); !cursor.isNull() && !cursor.atEnd();) {
         cursor = document->find(wanted, cursor);
-        if (cursor.isNull())
-            break;
-        found.append(cursor.position() - int(wanted.size()));
-        cursor.mergeCharFormat(highlight_format());
+        if (!cursor.isNull())
+            found.append(cursor.position() - int(wanted.size()));
     }
-    search_results = found;
-    block.endEditBlock();
+    mark(document, found, int(wanted.size()));
     if (!here || !editor)
         return;
+    search_results = found;
+    current_search_index = -1;
 
     trace(number_list(search_results));
     if (search_results.isEmpty())
@@ -71,19 +99,14 @@ void SearchDialog::clear_highlight()
         return;
     search_results.clear();
     current_search_index = -1;
-    QTextCursor cursor = editor->textCursor();
-    cursor.setPosition(0);
-    cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
-    set_background(cursor, Qt::transparent);
+    set_background(editor->textCursor(), 0, editor->document()->characterCount() - 1, Qt::transparent);
 }
 
 void SearchDialog::highlight_match() {}
 
 QTextCharFormat SearchDialog::highlight_format() const
 {
-    QTextCharFormat format;
-    format.setBackground(Qt::yellow);
-    return format;
+    return background(Qt::yellow);
 }
 
 void SearchDialog::navigate_to_match(int position)
