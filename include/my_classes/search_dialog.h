@@ -113,6 +113,7 @@ private:
     void stay_on_top_of_editor();
     void inform(const QString &title, const QString &text);
     void select_match(qsizetype start, qsizetype length);
+    void write_line(const QString &line);
     QTextCursor text_cursor() const;
     void set_text_cursor(const QTextCursor &cursor);
 

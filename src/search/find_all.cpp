@@ -33,27 +33,36 @@ void set_background(QTextCursor cursor, int from, int until, const QColor &colou
         cursor.mergeCharFormat(background(colour));
 }
 
-/// Yellow on the matches and nothing on the rest, as one change of the document: each costs a layout of what follows.
-void mark(QTextDocument *document, const QList<int> &matches, int length)
+/// Start positions of all occurrences, which become yellow and the rest of the document without background. That is one
+/// change of the document, because each costs a layout of what follows.
+QList<int> find_and_mark(QTextDocument *document, const QString &wanted)
 {
-    QTextCursor cursor(document);
+    QTextCursor marker(document);
     const int end = document->characterCount() - 1;
     // What lies between two matches is not one range where there are tables. Elsewhere nothing is changed twice: where
     // Qt undoes two changes of one place in one step, it warns of a position out of range.
     const bool has_frames = !document->rootFrame()->childFrames().isEmpty();
     if (has_frames)
-        set_background(cursor, 0, end, Qt::transparent);
-    cursor.beginEditBlock();
+        set_background(marker, 0, end, Qt::transparent);
+
+    QList<int> found;
     int done = 0;
-    for (const int start : matches) {
+    marker.beginEditBlock(); // searching outside would lay the text out on its way
+    for (QTextCursor cursor(document); !cursor.isNull() && !cursor.atEnd();) {
+        cursor = document->find(wanted, cursor);
+        if (cursor.isNull())
+            break;
+        const int start = cursor.position() - int(wanted.size());
+        found.append(start);
+        cursor.mergeCharFormat(background(Qt::yellow));
         if (!has_frames)
-            set_background(cursor, done, start, Qt::transparent);
-        done = start + length;
-        set_background(cursor, start, done, Qt::yellow);
+            set_background(marker, done, start, Qt::transparent);
+        done = cursor.position();
     }
     if (!has_frames)
-        set_background(cursor, done, end, Qt::transparent);
-    cursor.endEditBlock();
+        set_background(marker, done, end, Qt::transparent);
+    marker.endEditBlock();
+    return found;
 }
 
 QString number_list(const QList<int> &numbers)
@@ -72,14 +81,7 @@ void SearchDialog::find_all_matches()
     if (!editor || wanted.isEmpty())
         return;
     const QPointer<SearchDialog> here(this);
-    QTextDocument *document = editor->document();
-    QList<int> found;
-    for (QTextCursor cursor(document); !cursor.isNull() && !cursor.atEnd();) {
-        cursor = document->find(wanted, cursor);
-        if (!cursor.isNull())
-            found.append(cursor.position() - int(wanted.size()));
-    }
-    mark(document, found, int(wanted.size()));
+    const QList<int> found = find_and_mark(editor->document(), wanted);
     if (!here || !editor)
         return;
     search_results = found;

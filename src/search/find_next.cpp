@@ -22,7 +22,7 @@ void SearchDialog::find_next()
 {
     if (!editor)
         return;
-    trace(u"finding next..."_s);
+    write_line(u"finding next..."_s);
     if (!matches) {
         const QString pattern = search_input->text();
         if (pattern.isEmpty())
@@ -57,13 +57,21 @@ void SearchDialog::select_match(qsizetype start, qsizetype length)
 {
     replace_button->setEnabled(true);
     replace_all_button->setEnabled(true);
-    trace(u"Found next"_s, start);
+    write_line(u"Found next "_s + QString::number(start));
     // The text may have become shorter since the search started.
     const qsizetype end = editor->document()->characterCount() - 1;
     QTextCursor cursor = text_cursor();
     cursor.setPosition(int(std::min(start, end)));
     cursor.setPosition(int(std::min(start + length, end)), QTextCursor::KeepAnchor);
     set_text_cursor(cursor);
+}
+
+void SearchDialog::write_line(const QString &line)
+{
+    if (m_run)
+        m_run->keep_line(line);
+    else
+        trace(line);
 }
 
 QTextCursor SearchDialog::text_cursor() const

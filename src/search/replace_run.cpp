@@ -3,6 +3,7 @@
 
 #include "search/replace_run.h"
 
+#include "frame/diagnostics.h"
 #include "search/document_text.h"
 
 #include <my_classes/search_dialog.h>
@@ -69,6 +70,8 @@ void ReplaceRun::pause()
 {
     m_worked += m_clock.elapsed();
     m_is_paused = true;
+    if (!m_lines.isEmpty())
+        trace(std::exchange(m_lines, {}));
     if (m_dialog)
         m_dialog->m_run = nullptr;
     if (m_block.isNull())
@@ -146,6 +149,13 @@ std::optional<qsizetype> ReplaceRun::first_whole_word(const QString &pattern)
     if (found >= 0)
         m_selected_word = pattern;
     return found;
+}
+
+void ReplaceRun::keep_line(const QString &line)
+{
+    if (!m_lines.isEmpty())
+        m_lines += u'\n';
+    m_lines += line;
 }
 
 void ReplaceRun::replaced(int position, int removed, int added, const QString &text)

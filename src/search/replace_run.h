@@ -49,6 +49,8 @@ public:
     /// expression to tell.
     std::optional<qsizetype> first_whole_word(const QString &pattern);
     void replaced(int position, int removed, int added, const QString &text);
+    /// Keeps a diagnostic line until the next pause: writing each would take longer than the replacing.
+    void keep_line(const QString &line);
 
 private:
     void show_progress(int count);
@@ -57,6 +59,7 @@ private:
     QPointer<QProgressDialog> m_progress;
     bool m_stopped = false;
     bool m_is_paused = false;
+    QString m_lines;
     qint64 m_next_look;
     qint64 m_worked = 0; // milliseconds, before m_clock started
     QElapsedTimer m_clock;
