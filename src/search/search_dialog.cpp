@@ -141,7 +141,7 @@ void SearchDialog::inform(const QString &title, const QString &text)
 bool SearchDialog::eventFilter(QObject *watched, QEvent *event)
 {
     // Also after it has moved to another window.
-    if (watched == editor && event->type() == QEvent::Show && isVisible())
+    if (event->type() == QEvent::Show && watched == editor && isVisible())
         stay_on_top_of_editor();
     return QDialog::eventFilter(watched, event);
 }
