@@ -17,11 +17,21 @@
 QT_BEGIN_NAMESPACE
 class QLineEdit;
 class QPushButton;
+class QTextCursor;
 QT_END_NAMESPACE
 
 namespace my_classes {
 
-/// Find and replace in one text area. Modeless; belongs to nobody until the host gives it a parent or deletes it.
+class DocumentText;
+class ReplaceRun;
+
+/// Find and replace in one text area, modeless and without a parent.
+///
+/// Two searches live side by side with their own state: Find Next steps through whole-word, case-sensitive matches of a
+/// regular expression; find_all_matches() marks every literal, case-insensitive occurrence. The dialog stays on top of
+/// the text area's window, does not keep the application running, and is deleted with the text area; until then it
+/// belongs to whoever created it. Without a text area every operation does nothing. Positions are UTF-16 code units
+/// from the start of the document's plain text. GUI thread only.
 class MY_CLASSES_EXPORT SearchDialog : public QDialog
 {
     Q_OBJECT
@@ -30,22 +40,53 @@ public:
     explicit SearchDialog(QTextEdit *editor);
     ~SearchDialog() override;
 
+    /// Builds the widgets; called once, by the constructor.
     void init_ui();
 
+    // Whole words. The search text is a regular expression between two word boundaries.
+
+    /// Selects the next match, starting at the top of the document if no search is under way, and enables the replace
+    /// buttons. Says so in a message box if there is none, or none left; then the next call starts at the top again.
+    /// An invalid expression, or one that runs away, has no matches; an empty one does nothing. Matches are those of
+    /// the text as it was when the search started.
     void find_next();
+    /// Forgets the search under way and searches from the top.
     void restart_search();
 
+    // Every occurrence. These are not wired to any button.
+
+    /// Marks every occurrence yellow, fills search_results, and moves the cursor one position before the first; an
+    /// occurrence at the very start moves nothing. Says so in a message box if there is none. An empty search text does
+    /// nothing.
     void find_all_matches();
+    /// Takes the background colour off the whole document and forgets the results.
     void clear_highlight();
+    /// Does nothing: `matches` is no list of cursors. Kept for hosts that call it.
     void highlight_match();
+    /// A yellow background.
     QTextCharFormat highlight_format() const;
+    /// Puts the cursor at `position` and the focus into the text area; a negative position does neither. A position
+    /// behind the end means the end.
     void navigate_to_match(int position);
+    /// Navigates to current_search_index, without advancing it.
     void next_match();
+    /// Steps current_search_index back, around the number of results, and navigates to that index as a position.
     void previous_match();
 
+    // Replacing.
+
+    /// Replaces the text area's selection, whatever selected it, and searches from the top. Does nothing without one.
     void replace();
+    /// Replaces every literal, case-sensitive occurrence, as one undo step, and says how many there were. The search
+    /// position grows by one search-text length per replacement, so that replacements that contain the search text are
+    /// found again; the person can stop it. An empty search text does nothing.
     void replace_all();
+    /// Removes the selection; the caret stays.
     void clear_selection();
+
+    /// As closing does.
+    void reject() override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
     QPointer<QTextEdit> editor;
     QLineEdit *search_input = nullptr;
@@ -53,13 +94,32 @@ public:
     QPushButton *next_button = nullptr;
     QPushButton *replace_button = nullptr;
     QPushButton *replace_all_button = nullptr;
+    /// The search of find_next(); nothing means that the next one starts at the top.
     std::optional<QRegularExpressionMatchIterator> matches;
     int search_index = 0;
+    /// Start positions of the occurrences that find_all_matches() found.
     QList<int> search_results;
     int current_search_index = -1;
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
+private:
+    friend class ReplaceRun;
+
+    void on_return_pressed();
+    void stay_on_top_of_editor();
+    void inform(const QString &title, const QString &text);
+    void select_match(qsizetype start, qsizetype length);
+    void write_line(const QString &line);
+    QTextCursor text_cursor() const;
+    void set_text_cursor(const QTextCursor &cursor);
+
+    DocumentText *m_text = nullptr;
+    ReplaceRun *m_run = nullptr; // while Replace All is at work
+    bool m_search_input_in_use = false;
 };
 
 } // namespace my_classes

@@ -5,6 +5,11 @@
 
 namespace my_classes {
 
-void CustomTextEditor::search_text() {}
+void CustomTextEditor::search_text()
+{
+    delete search_dialog;
+    search_dialog = new SearchDialog(text_edit);
+    search_dialog->show();
+}
 
 } // namespace my_classes

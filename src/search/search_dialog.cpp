@@ -1,33 +1,189 @@
 // SPDX-FileCopyrightText: 2026 the my_classes authors
 // SPDX-License-Identifier: MIT
 
+#include "frame/icons.h"
+#include "search/document_text.h"
+#include "search/replace_run.h"
+
 #include <my_classes/search_dialog.h>
 
 #include <QtGui/QCloseEvent>
+#include <QtGui/QWindow>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace my_classes {
 
+namespace {
+
+constexpr int k_visible_characters = 40; // of the search text
+
+QLineEdit *add_input_row(QVBoxLayout *column, QLabel *label, const QString &accessible_name)
+{
+    auto *input = new QLineEdit;
+    input->setAccessibleName(accessible_name);
+    input->setMinimumWidth(k_visible_characters * input->fontMetrics().averageCharWidth());
+    label->setBuddy(input);
+    auto *row = new QHBoxLayout;
+    row->addWidget(label);
+    row->addWidget(input);
+    column->addLayout(row);
+    return input;
+}
+
+QPushButton *add_button(QHBoxLayout *row, const QString &text)
+{
+    auto *button = new QPushButton(text);
+    button->setAutoDefault(false); // or Return in the search field would press it too
+    row->addWidget(button);
+    return button;
+}
+
+} // namespace
+
 SearchDialog::SearchDialog(QTextEdit *text_area)
     : editor(text_area)
+    , m_text(new DocumentText(text_area, this))
 {
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setWindowIcon(icon(u"binoculars.png"_s));
+    init_ui();
+    if (text_area) {
+        text_area->installEventFilter(this);
+        connect(text_area, &QObject::destroyed, this, [this] { delete this; });
+    }
 }
-SearchDialog::~SearchDialog() = default;
-void SearchDialog::init_ui() {}
-void SearchDialog::find_next() {}
-void SearchDialog::restart_search() {}
-void SearchDialog::find_all_matches() {}
-void SearchDialog::clear_highlight() {}
-void SearchDialog::highlight_match() {}
-QTextCharFormat SearchDialog::highlight_format() const
+
+SearchDialog::~SearchDialog()
 {
-    return {};
+    if (m_search_input_in_use)
+        search_input->setParent(nullptr); // on_return_pressed() deletes it
 }
-void SearchDialog::navigate_to_match(int) {}
-void SearchDialog::next_match() {}
-void SearchDialog::previous_match() {}
-void SearchDialog::replace() {}
-void SearchDialog::replace_all() {}
-void SearchDialog::clear_selection() {}
-void SearchDialog::closeEvent(QCloseEvent *) {}
+
+void SearchDialog::init_ui()
+{
+    setWindowTitle(tr("Find and Replace"));
+    auto *column = new QVBoxLayout(this);
+    auto *find_label = new QLabel(tr("Find:"));
+    auto *replace_label = new QLabel(tr("Replace with:"));
+    search_input = add_input_row(column, find_label, tr("Find"));
+    replace_input = add_input_row(column, replace_label, tr("Replace with"));
+    const int label_width = std::max(find_label->sizeHint().width(), replace_label->sizeHint().width());
+    find_label->setMinimumWidth(label_width);
+    replace_label->setMinimumWidth(label_width);
+
+    auto *buttons = new QHBoxLayout;
+    next_button = add_button(buttons, tr("Find Next"));
+    replace_button = add_button(buttons, tr("Replace"));
+    replace_all_button = add_button(buttons, tr("Replace All"));
+    replace_button->setEnabled(false);
+    replace_all_button->setEnabled(false);
+    column->addLayout(buttons);
+
+    connect(next_button, &QPushButton::clicked, this, &SearchDialog::find_next);
+    connect(search_input, &QLineEdit::returnPressed, this, &SearchDialog::on_return_pressed);
+    connect(replace_button, &QPushButton::clicked, this, &SearchDialog::replace);
+    connect(replace_all_button, &QPushButton::clicked, this, &SearchDialog::replace_all);
+}
+
+void SearchDialog::on_return_pressed()
+{
+    // A line edit goes on working after this signal, so it has to outlive a dialog that is deleted while a message box
+    // is open.
+    const QPointer<SearchDialog> here(this);
+    QLineEdit *input = search_input;
+    const bool was_in_use = std::exchange(m_search_input_in_use, true);
+    find_next();
+    if (here)
+        m_search_input_in_use = was_in_use;
+    else if (!was_in_use)
+        input->deleteLater();
+}
+
+/// Shows a modal box; during Replace All one can leave from there. The dialog may be gone afterwards.
+void SearchDialog::inform(const QString &title, const QString &text)
+{
+    ReplaceRun *run = m_run;
+    if (run)
+        run->pause();
+    // On the heap: it is deleted with the dialog, should that happen while it is open.
+    const QPointer<SearchDialog> here(this);
+    const QPointer<QMessageBox> box = new QMessageBox(QMessageBox::Information, title, text, QMessageBox::Ok, this);
+    QPushButton *stop = nullptr;
+    if (run) {
+        stop = box->addButton(tr("Stop"), QMessageBox::RejectRole);
+        box->setDefaultButton(QMessageBox::Ok);
+        box->setEscapeButton(QMessageBox::Ok);
+    }
+    bool is_answered = false;
+    connect(box, &QDialog::finished, box, [&is_answered] { is_answered = true; });
+    box->exec();
+    if (!box)
+        return;
+    if (run) {
+        // Without an answer the application is about to end, and no further box would wait for one.
+        if (box->clickedButton() == stop || !is_answered)
+            run->stop();
+        run->resume();
+    }
+    delete box;
+}
+
+bool SearchDialog::eventFilter(QObject *watched, QEvent *event)
+{
+    // Also after it has moved to another window.
+    if (event->type() == QEvent::Show && watched == editor && isVisible())
+        stay_on_top_of_editor();
+    return QDialog::eventFilter(watched, event);
+}
+
+void SearchDialog::stay_on_top_of_editor()
+{
+    if (editor && windowHandle())
+        windowHandle()->setTransientParent(editor->window()->windowHandle());
+}
+
+void SearchDialog::showEvent(QShowEvent *event)
+{
+    if (!event->spontaneous()) {
+        stay_on_top_of_editor();
+        search_input->setFocus();
+        search_input->selectAll();
+        m_text->text(); // now rather than when Return is pressed
+    }
+    QDialog::showEvent(event);
+}
+
+void SearchDialog::hideEvent(QHideEvent *event)
+{
+    if (!event->spontaneous())
+        m_text->forget();
+    QDialog::hideEvent(event);
+}
+
+void SearchDialog::reject()
+{
+    const QPointer<SearchDialog> here(this);
+    clear_selection();
+    if (here)
+        QDialog::reject();
+}
+
+void SearchDialog::closeEvent(QCloseEvent *event)
+{
+    const QPointer<SearchDialog> here(this);
+    clear_selection();
+    if (here)
+        QDialog::closeEvent(event);
+}
 
 } // namespace my_classes
