@@ -3,6 +3,7 @@
 
 #include "editor/size_form.h"
 
+#include <QtCore/QEventLoop>
 #include <QtCore/QPointer>
 #include <QtCore/QRegularExpression>
 #include <QtGui/QRegularExpressionValidator>
@@ -68,7 +69,10 @@ bool accepted_over(QWidget *owner, QDialog *dialog)
     // Without a widget for a parent it is the native windows that tell the dialog where it belongs.
     dialog->winId();
     dialog->windowHandle()->setTransientParent(owner->window()->windowHandle());
-    return dialog->exec() == QDialog::Accepted && still_here;
+    const bool is_accepted = dialog->exec() == QDialog::Accepted;
+    // What follows may take seconds: by then the dialog has to be gone from the screen.
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    return is_accepted && still_here;
 }
 
 } // namespace my_classes
