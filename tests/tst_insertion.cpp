@@ -8,6 +8,7 @@
 #include <QtCore/QScopeGuard>
 #include <QtGui/QAction>
 #include <QtGui/QImageReader>
+#include <QtGui/QPainter>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextList>
 #include <QtGui/QWindow>
@@ -117,6 +118,7 @@ private Q_SLOTS:
     void tables();
     void pictures_data();
     void pictures();
+    void a_document_in_a_fresh_editor();
     void unreadable_pictures();
     void a_large_photograph();
     void dialogs();
@@ -253,28 +255,46 @@ void TstInsertion::pictures()
     Editor editor(u"text"_s);
     const QString before = editor.get_html_content();
 
-    const QString copy = file(u"copy-"_s + name);
-    QVERIFY(QFile::copy(file(name), copy));
-    editor.insert_image(copy, sizes(width, height));
-    QVERIFY(QFile::remove(copy));
+    editor.insert_image(file(name), sizes(width, height));
 
     if (!scaled.isValid()) {
         QVERIFY(editor.is_untouched(before));
         return;
     }
+    QCOMPARE(editor.image().width(), width.toDouble());
+    QCOMPARE(editor.image().height(), height.toDouble());
+    const QByteArray source = editor.image().name().toLatin1();
+    QVERIFY(source.startsWith("data:image/png;base64,"));
+    const QImage embedded = QImage::fromData(QByteArray::fromBase64(source.mid(source.indexOf(',') + 1)), "PNG");
+    const QImage expected = scaled.isEmpty() ? QImage() : original.scaled(scaled);
+    QCOMPARE(embedded.convertToFormat(QImage::Format_ARGB32), expected.convertToFormat(QImage::Format_ARGB32));
+    editor.text_edit->viewport()->grab(); // no warnings from painting either
+    QVERIFY(editor.is_undone_at_once(before));
+}
+
+void TstInsertion::a_document_in_a_fresh_editor()
+{
+    const QString photograph = file(u"gone.jpg"_s);
+    QVERIFY(QFile::copy(file(u"a.jpg"_s), photograph));
+    Editor editor(u"one\ntwo\nafter"_s, 0, 7);
+    editor.trigger(u"Numbered List"_s);
+    editor.text_edit->moveCursor(QTextCursor::End);
+    answer_next_dialog(sizes(u"3"_s, u"4"_s));
+    editor.trigger(u"Insert Table"_s);
+    editor.insert_image(photograph, sizes(u"320"_s, u"200"_s));
+    QVERIFY(QFile::remove(photograph));
+
     Editor fresh;
     fresh.set_html_content(editor.get_html_content());
-    for (const Editor *shown : {&editor, &fresh}) {
-        QCOMPARE(shown->image().width(), width.toDouble());
-        QCOMPARE(shown->image().height(), height.toDouble());
-        const QByteArray source = shown->image().name().toLatin1();
-        QVERIFY(source.startsWith("data:image/png;base64,"));
-        const QImage embedded = QImage::fromData(QByteArray::fromBase64(source.mid(source.indexOf(',') + 1)), "PNG");
-        const QImage expected = scaled.isEmpty() ? QImage() : original.scaled(scaled);
-        QCOMPARE(embedded.convertToFormat(QImage::Format_ARGB32), expected.convertToFormat(QImage::Format_ARGB32));
-        shown->text_edit->viewport()->grab(); // no warnings from painting either
-    }
-    QVERIFY(editor.is_undone_at_once(before));
+    QCOMPARE(fresh.get_html_content(), editor.get_html_content());
+    const auto drawn = [](const Editor &shown) {
+        QImage page(800, 600, QImage::Format_RGB32);
+        page.fill(Qt::white);
+        QPainter painter(&page);
+        shown.text_edit->document()->drawContents(&painter);
+        return page;
+    };
+    QCOMPARE(drawn(fresh), drawn(editor));
 }
 
 void TstInsertion::unreadable_pictures()

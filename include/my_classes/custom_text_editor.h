@@ -86,12 +86,16 @@ public:
     void update_font_combos();
     void selection_changed();
 
-    // Insertions, each one undo step.
+    // Insertions, each one undo step. The last two ask in modal dialogs, which the editor may die under.
 
+    /// The paragraphs of the selection become a new list; without a selection a new paragraph starts one.
     void insert_numbered_list();
     void insert_bullet_list_disc();
     void insert_bullet_list_square();
+    /// Asks for rows and columns. A cancelled dialog, an empty field or more than 100,000 cells insert nothing.
     void insert_table();
+    /// Asks for a file and a size in pixels, and embeds the picture as PNG. A cancelled dialog or a size beyond 512
+    /// megabytes of pixels inserts nothing; a file that is no picture, an empty one.
     void insert_image();
 
     // Content.
