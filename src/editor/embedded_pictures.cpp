@@ -5,7 +5,6 @@
 
 #include "editor/pictures.h"
 
-#include <QtCore/QUrl>
 #include <QtGui/QAbstractTextDocumentLayout>
 #include <QtGui/QPainter>
 #include <QtGui/QTextDocument>
@@ -61,9 +60,9 @@ QTextImageFormat EmbeddedPictures::with_resource(QTextDocument *document, const 
         const QStringView base64 = base64_text(name);
         if (base64.isEmpty())
             return image;
-        const QImage decoded = decode_picture(QByteArray::fromBase64(base64.toLatin1()));
+        const QPixmap pixmap = QPixmap::fromImage(decode_picture(QByteArray::fromBase64(base64.toLatin1())));
         const QUrl resource(u"embedded-picture:%1"_s.arg(++m_decoded));
-        picture = m_pictures.insert(name.constData(), {name, resource, QPixmap::fromImage(decoded)});
+        picture = m_pictures.insert(name.constData(), {name, resource, pixmap});
     }
     document->addResource(QTextDocument::ImageResource, picture->resource, picture->pixmap);
     image.setName(picture->resource.toString());

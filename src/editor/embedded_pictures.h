@@ -5,6 +5,7 @@
 
 #include <QtCore/QHash>
 #include <QtCore/QObject>
+#include <QtCore/QUrl>
 #include <QtGui/QPixmap>
 #include <QtGui/QTextObjectInterface>
 
