@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QtCore/QByteArrayList>
 #include <QtCore/QDateTime>
 #include <QtCore/QHash>
 #include <QtCore/QString>
@@ -47,6 +48,7 @@ private:
     using Stamp = std::pair<QDateTime, qint64>;
 
     void load();
+    void unload();
     bool ask(const QString &word) const;
     Stamp word_list_stamp() const;
     void forget_verdicts_of(const QString &word);
@@ -56,6 +58,7 @@ private:
     EnchantDict *m_dictionary = nullptr; // the broker's
     QHash<QString, bool> m_is_misspelled;
     QHash<QString, QStringList> m_suggestions;
+    QByteArrayList m_session_words; // that the list could not take
     Stamp m_word_list_stamp;
     int m_generation = 0;
 };
