@@ -292,8 +292,12 @@ void TstSpelling::added_word_holds_everywhere_and_stays()
     QCOMPARE(Child({u"check"_s, u"en_US"_s, text}).result(), QString());
     QVERIFY(other.get_suggestions(u"zorblat"_s).contains(u"zorblatt"_s));
 
-    for (const QString &blank : {u""_s, u" \t\n\u00a0"_s})
-        adder.spell.word_frequency.add(blank);
+    const QString half = QString(QChar(0xd83d));
+    for (const QString &no_word :
+         {u""_s, u" \t\n\u00a0"_s, u"a\nb"_s, u"a"_s + QChar(u'\0'), half, QString(9'000, u'x')}) {
+        adder.spell.word_frequency.add(no_word);
+        QCOMPARE(adder.get_suggestions(no_word), QStringList{});
+    }
     list.seek(0);
     QCOMPARE(list.readAll(), words);
 }

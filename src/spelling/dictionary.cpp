@@ -18,6 +18,7 @@ namespace {
 
 constexpr qsizetype k_most_verdicts = 250'000;  // distinct words; about 30 MB
 constexpr qsizetype k_most_suggestions = 2'000; // words asked for
+constexpr qsizetype k_longest_word = 200;       // code units; a longer line of a word list is not read again
 
 /// One for the process: it keeps every loaded dictionary.
 const std::shared_ptr<EnchantBroker> &shared_broker()
@@ -74,6 +75,13 @@ QString best_tag(const QString &lang, const QStringList &tags)
 QString with_straight_apostrophes(QString word)
 {
     return word.replace(QChar(0x2019), u'\'');
+}
+
+/// Whether `word` can stand in a word list, as a line of whole characters: engines complain of anything else.
+bool is_line(const QString &word)
+{
+    return !word.isEmpty() && word.size() <= k_longest_word && word.isValidUtf16() &&
+           std::none_of(word.begin(), word.end(), [](QChar c) { return c < u' ' || c == QChar::LineSeparator; });
 }
 
 /// Equal for all words that an added word holds for: capitalised and decomposed forms, other apostrophes.
@@ -151,6 +159,8 @@ int Dictionary::refresh()
 QStringList Dictionary::suggestions(const QString &word)
 {
     refresh();
+    if (!is_line(word))
+        return {};
     if (const auto known = m_suggestions.constFind(word); known != m_suggestions.constEnd())
         return *known;
 
@@ -172,7 +182,7 @@ QStringList Dictionary::suggestions(const QString &word)
 void Dictionary::add(const QString &word)
 {
     const QString added = with_straight_apostrophes(word.trimmed());
-    if (added.isEmpty())
+    if (!is_line(added))
         return;
     refresh();
     const QByteArray utf8 = added.toUtf8();
