@@ -560,6 +560,10 @@ void TstSpelling::word_under_cursor_offers_suggestions_data()
     QTest::newRow("before a comma") << quoted << 15 << u"dno’t"_s;
     QTest::newRow("before a full stop") << quoted << 20 << u"teh"_s;
     QTest::newRow("behind a full stop") << quoted << 21 << u""_s;
+    QTest::newRow("typographic quotes") << u"“teh” ‘dno’t’—teh…"_s << 3 << u"teh"_s;
+    QTest::newRow("closing quote") << u"“teh” ‘dno’t’—teh…"_s << 12 << u"dno’t"_s;
+    QTest::newRow("between signs") << u"“teh” ‘dno’t’—teh…"_s << 13 << u""_s;
+    QTest::newRow("dash and ellipsis") << u"“teh” ‘dno’t’—teh…"_s << 17 << u"teh"_s;
     QTest::newRow("between blanks") << u"x  teh"_s << 2 << u""_s;
     QTest::newRow("between blanks behind it") << u"teh  x"_s << 4 << u""_s;
     QTest::newRow("end of the document") << u"x\nteh"_s << 5 << u"teh"_s;
