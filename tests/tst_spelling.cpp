@@ -27,6 +27,8 @@ using my_spellchecker::MySpellChecker;
 
 namespace {
 
+using Ranges = QList<std::pair<int, int>>; // starts and lengths
+
 QString sorted(const QSet<QString> &words)
 {
     QStringList list = words.values();
@@ -102,7 +104,7 @@ int as_child(const QStringList &arguments)
 }
 
 /// What the plain way underlines: one expression for each word, the format set on each of its matches.
-QList<std::pair<int, int>> plain_ranges(const QString &text, const QSet<QString> &words)
+Ranges plain_ranges(const QString &text, const QSet<QString> &words)
 {
     QList<bool> underlined(text.size(), false);
     for (const QString &word : words) {
@@ -114,7 +116,7 @@ QList<std::pair<int, int>> plain_ranges(const QString &text, const QSet<QString>
             std::fill_n(underlined.begin() + match.capturedStart(), match.capturedLength(), true);
         }
     }
-    QList<std::pair<int, int>> ranges;
+    Ranges ranges;
     for (int i = 0; i < text.size(); ++i) {
         if (underlined[i] && i > 0 && underlined[i - 1])
             ++ranges.last().second;
@@ -124,11 +126,11 @@ QList<std::pair<int, int>> plain_ranges(const QString &text, const QSet<QString>
     return ranges;
 }
 
-QList<std::pair<int, int>> ranges_of(const QTextBlock &block)
+Ranges ranges_of(const QTextBlock &block, int underline = QTextCharFormat::SpellCheckUnderline)
 {
-    QList<std::pair<int, int>> ranges;
+    Ranges ranges;
     for (const QTextLayout::FormatRange &range : block.layout()->formats()) {
-        if (range.format.underlineStyle() == QTextCharFormat::SpellCheckUnderline)
+        if (range.format.underlineStyle() == underline)
             ranges.append({range.start, range.length});
     }
     return ranges;
@@ -338,9 +340,7 @@ void TstSpelling::word_added_by_another_process_counts()
 
 void TstSpelling::checking_again_equals_a_fresh_check()
 {
-    const QStringList parts{u"teh"_s, u"wrod"_s, u"cat"_s, u"don"_s, u"'"_s,   u"t"_s,           u" "_s,
-                            u" "_s,   u"\n"_s,   u"\n"_s,  u"/"_s,   u"é"_s,   u"a@b.example"_s, u"7"_s,
-                            u"."_s,   u"qadd"_s, u"s"_s,   u"😀"_s,   u"\r\n"_s};
+    const QStringList parts = u"teh|wrod|cat|don|'|t| | |\n|\n|/|é|a@b.example|7|.|qadd|s|😀|\r\n"_s.split(u'|');
     QRandomGenerator random(2);
     MySpellChecker checker(u"en_US"_s);
     QString text;
@@ -355,11 +355,9 @@ void TstSpelling::checking_again_equals_a_fresh_check()
 
 void TstSpelling::underlines_equal_the_plain_way()
 {
-    const QStringList parts{u"a"_s,     u"b"_s,      u"cat"_s,    u"teh"_s, u"est"_s, u"á"_s,  u"don"_s, u"'"_s,
-                            u"’"_s,     u"_"_s,      u"1"_s,      u"😀"_s,   u"漢"_s,  u"字"_s, u"𐐨"_s,   u"e\u0301"_s,
-                            u"हिन्दी"_s, u"\u0301"_s, u"\u200d"_s, u"-"_s,   u" "_s,   u" "_s,  u"."_s,   u"\u00ad"_s};
-    const QStringList signs{u"."_s,  u"|"_s, u"("_s,   u")"_s,    u"["_s, u"]"_s,
-                            u"\\"_s, u"*"_s, u"{2}"_s, u"\\w+"_s, u"?"_s};
+    const QStringList parts =
+        u"a|b|cat|teh|est|á|don|'|’|_|1|😀|漢|字|𐐨|e\u0301|हिन्दी|\u0301|\u200d|-| | |.|\u00ad"_s.split(u'|');
+    const QStringList signs = u". | ( ) [ ] \\ * {2} \\w+ ?"_s.split(u' ');
     QRandomGenerator random(1);
     for (int round = 0; round < 300; ++round) {
         QSet<QString> words;
@@ -394,7 +392,6 @@ void TstSpelling::underlines_equal_the_plain_way()
 
 void TstSpelling::underlines_follow_edits()
 {
-    using Ranges = QList<std::pair<int, int>>;
     QTextDocument document;
     document.documentLayout(); // without one Qt tells nobody of edits
     document.setHtml(u"<b>teh</b> tehran Teh teh. concatteh"_s);
@@ -431,25 +428,16 @@ void TstSpelling::underlining_leaves_composed_text_alone()
     dotted.setUnderlineStyle(QTextCharFormat::DotLine);
     QInputMethodEvent compose(u"xyz"_s, {{QInputMethodEvent::TextFormat, 0, 3, dotted}});
     QCoreApplication::sendEvent(editor.text_edit, &compose);
-    const QTextLayout *layout = editor.text_edit->document()->firstBlock().layout();
-    const auto composed = [layout] {
-        QList<std::pair<int, int>> ranges;
-        for (const QTextLayout::FormatRange &range : layout->formats()) {
-            if (range.format.underlineStyle() == QTextCharFormat::DotLine)
-                ranges.append({range.start, range.length});
-        }
-        return ranges;
-    };
-    QCOMPARE(composed(), (QList<std::pair<int, int>>{{4, 3}}));
     editor.check_spelling();
-    QCOMPARE(layout->preeditAreaText(), u"xyz"_s);
-    QCOMPARE(composed(), (QList<std::pair<int, int>>{{4, 3}}));
-    QCOMPARE(ranges_of(editor.text_edit->document()->firstBlock()), (QList<std::pair<int, int>>{{0, 3}, {7, 4}}));
+    const QTextBlock block = editor.text_edit->document()->firstBlock();
+    QCOMPARE(block.layout()->preeditAreaText(), u"xyz"_s);
+    QCOMPARE(ranges_of(block, QTextCharFormat::DotLine), (Ranges{{4, 3}}));
+    QCOMPARE(ranges_of(block), (Ranges{{0, 3}, {7, 4}}));
     QInputMethodEvent commit;
     commit.setCommitString(u"x"_s);
     QCoreApplication::sendEvent(editor.text_edit, &commit);
     QCOMPARE(editor.text_edit->toPlainText(), u"teh xwrod"_s);
-    QCOMPARE(ranges_of(editor.text_edit->document()->firstBlock()), (QList<std::pair<int, int>>{{0, 3}}));
+    QCOMPARE(ranges_of(block), (Ranges{{0, 3}}));
 }
 
 void TstSpelling::first_misspelled_word_is_shown_data()
