@@ -30,9 +30,9 @@ public:
     Dictionary(const Dictionary &) = delete;
     Dictionary &operator=(const Dictionary &) = delete;
 
-    /// Loads the dictionary where that is still to be done and forgets answers that no longer hold. Returns a number
-    /// that changes whenever remembered answers may have changed. Throws std::runtime_error if the dictionary cannot
-    /// be loaded (any more).
+    /// Loads the dictionary if it is not loaded or the word list has changed, and then forgets its answers. Returns a
+    /// number that changes whenever remembered answers may have changed. Throws std::runtime_error if the dictionary
+    /// cannot be loaded (any more).
     int refresh();
 
     /// Whether the engine calls `word` misspelled; remembered. Call refresh() first.
@@ -41,7 +41,7 @@ public:
     /// Replacements for `word`, best first; remembered. Throws as refresh() does.
     QStringList suggestions(const QString &word);
 
-    /// Adds to the person's word list; to the session's if the dictionary or the list cannot be used.
+    /// Adds to the person's word list, or to the session's if the list cannot be written. Throws as refresh() does.
     void add(const QString &word);
 
 private:
