@@ -24,7 +24,8 @@ public:
 
     /// Adds `word`, stripped of surrounding white space, to the person's word list of the language. It holds at once
     /// for every checker of that language in the process and is on disk when this returns; where the list cannot be
-    /// written it holds until the process ends. Text that is empty or blank adds nothing.
+    /// written it holds until the process ends. Text that is no word adds nothing: none but white space, more than
+    /// 200 code units, control characters, half a surrogate pair. Throws as MySpellChecker::check() does.
     void add(const QString &word);
 
 private:

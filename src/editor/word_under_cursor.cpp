@@ -46,6 +46,24 @@ bool is_inner_apostrophe(QStringView text, int at)
            letter_at(text, at + 1);
 }
 
+/// Whether `c` separates words: Qt knows the ASCII signs that do, but takes “quotes”, dashes and the like for letters.
+bool is_typographic_sign(char32_t c)
+{
+    return c > 0x7f && QChar::isPunct(c);
+}
+
+/// `word` as far as no typographic sign is between it and `position`, which is in it or at its ends.
+Range without_typographic_signs(QStringView text, Range word, int position)
+{
+    int start = position;
+    while (start > word.first && !is_typographic_sign(code_point_before(text, start).value))
+        start -= code_point_before(text, start).length;
+    int end = position;
+    while (end < word.second && !is_typographic_sign(code_point_at(text, end).value))
+        end += code_point_at(text, end).length;
+    return {start, end};
+}
+
 /// What Qt selects at `position`, if that is a word which touches it; otherwise an empty range there.
 Range qt_word(const QTextBlock &block, QStringView text, int position)
 {
@@ -55,9 +73,10 @@ Range qt_word(const QTextBlock &block, QStringView text, int position)
     const int start = cursor.selectionStart() - block.position();
     const int end = cursor.selectionEnd() - block.position();
     const bool touches = start >= 0 && end <= text.size() && start <= position && position <= end;
-    if (!touches || !has_letter_or_number(text.mid(start, end - start)))
+    if (!touches)
         return {position, position};
-    return {start, end};
+    const Range word = without_typographic_signs(text, {start, end}, position);
+    return has_letter_or_number(text.mid(word.first, word.second - word.first)) ? word : Range(position, position);
 }
 
 } // namespace

@@ -18,6 +18,7 @@ namespace {
 
 constexpr qsizetype k_most_verdicts = 250'000;  // distinct words; about 30 MB
 constexpr qsizetype k_most_suggestions = 2'000; // words asked for
+constexpr qsizetype k_longest_word = 200;       // code units; a longer line of a word list is not read again
 
 /// One for the process: it keeps every loaded dictionary.
 const std::shared_ptr<EnchantBroker> &shared_broker()
@@ -76,6 +77,19 @@ QString with_straight_apostrophes(QString word)
     return word.replace(QChar(0x2019), u'\'');
 }
 
+/// Whether `word` can stand in a word list, as a line of whole characters: engines complain of anything else.
+bool is_line(const QString &word)
+{
+    return !word.isEmpty() && word.size() <= k_longest_word && word.isValidUtf16() &&
+           std::none_of(word.begin(), word.end(), [](QChar c) { return c < u' ' || c == QChar::LineSeparator; });
+}
+
+/// Equal for all words that an added word holds for: capitalised and decomposed forms, other apostrophes.
+QString comparable(const QString &word)
+{
+    return with_straight_apostrophes(word).normalized(QString::NormalizationForm_D).toCaseFolded();
+}
+
 } // namespace
 
 std::shared_ptr<Dictionary> Dictionary::for_language(const QString &lang)
@@ -108,35 +122,45 @@ Dictionary::Dictionary(std::shared_ptr<EnchantBroker> broker, const QString &tag
 
 Dictionary::~Dictionary()
 {
-    if (m_dictionary)
-        enchant_broker_free_dict(m_broker.get(), m_dictionary);
+    unload();
 }
 
 void Dictionary::load()
 {
-    if (m_dictionary)
-        return;
     m_dictionary = enchant_broker_request_dict(m_broker.get(), m_tag.toUtf8().constData());
     if (!m_dictionary)
         throw std::runtime_error(u"The dictionary \"%1\" cannot be loaded any more."_s.arg(m_tag).toStdString());
+    for (const QByteArray &word : std::as_const(m_session_words))
+        enchant_dict_add_to_session(m_dictionary, word.constData(), word.size());
+}
+
+void Dictionary::unload()
+{
+    if (m_dictionary)
+        enchant_broker_free_dict(m_broker.get(), m_dictionary);
+    m_dictionary = nullptr;
 }
 
 int Dictionary::refresh()
 {
-    load();
     const Stamp stamp = word_list_stamp();
-    if (stamp != m_word_list_stamp) {
-        m_word_list_stamp = stamp;
-        m_is_misspelled.clear();
-        m_suggestions.clear();
-        ++m_generation;
-    }
-    return m_generation;
+    if (m_dictionary && stamp == m_word_list_stamp)
+        return m_generation;
+    // Enchant reads a changed list again, but tells by the whole second whether it has changed: a word that another
+    // program added in the second of the last change would be missed. Loading takes it some ten milliseconds.
+    unload();
+    load();
+    m_word_list_stamp = stamp;
+    m_is_misspelled.clear();
+    m_suggestions.clear();
+    return ++m_generation;
 }
 
 QStringList Dictionary::suggestions(const QString &word)
 {
     refresh();
+    if (!is_line(word))
+        return {};
     if (const auto known = m_suggestions.constFind(word); known != m_suggestions.constEnd())
         return *known;
 
@@ -158,14 +182,20 @@ QStringList Dictionary::suggestions(const QString &word)
 void Dictionary::add(const QString &word)
 {
     const QString added = with_straight_apostrophes(word.trimmed());
-    if (added.isEmpty())
+    if (!is_line(added))
         return;
     refresh();
     const QByteArray utf8 = added.toUtf8();
     enchant_dict_add(m_dictionary, utf8.constData(), utf8.size());
-    if (ask(added)) // the list cannot be written
+    const Stamp stamp = word_list_stamp();
+    const qint64 line_length = utf8.size() + 1;
+    const qint64 growth = stamp.second - m_word_list_stamp.second;
+    if (growth < line_length) { // the list cannot be written
         enchant_dict_add_to_session(m_dictionary, utf8.constData(), utf8.size());
-    m_word_list_stamp = word_list_stamp();
+        m_session_words.append(utf8);
+    }
+    if (growth <= line_length) // otherwise another program has added words, too: the old stamp makes them read
+        m_word_list_stamp = stamp;
     forget_verdicts_of(added);
     m_suggestions.clear();
     ++m_generation;
@@ -190,23 +220,21 @@ bool Dictionary::ask(const QString &word) const
     return enchant_dict_check(m_dictionary, utf8.constData(), utf8.size()) > 0;
 }
 
-/// When the person's word list last changed and how long it is. Enchant reads it again by itself; the remembered
-/// answers must follow.
+/// When the person's word list last changed and how long it is. No list is like an empty one, which Enchant makes of
+/// it.
 Dictionary::Stamp Dictionary::word_list_stamp() const
 {
     const QString standard = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + "/enchant"_L1;
     const QString directory = qEnvironmentVariable("ENCHANT_CONFIG_DIR", standard);
     const QFileInfo list(directory + u'/' + m_tag + ".dic"_L1);
-    return {list.lastModified(), list.size()};
+    return list.size() > 0 ? Stamp(list.lastModified(), list.size()) : Stamp();
 }
 
 void Dictionary::forget_verdicts_of(const QString &word)
 {
-    // An added word holds for its capitalised forms, too.
-    const auto same_but_for_case = [&word](const QString &known) {
-        return known.size() == word.size() && with_straight_apostrophes(known).compare(word, Qt::CaseInsensitive) == 0;
-    };
-    m_is_misspelled.removeIf([&](const auto &verdict) { return same_but_for_case(verdict.key()); });
+    const QString added = comparable(word);
+    m_is_misspelled.removeIf(
+        [&](const auto &verdict) { return verdict.value() && comparable(verdict.key()) == added; });
 }
 
 } // namespace my_spellchecker

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QtCore/QByteArrayList>
 #include <QtCore/QDateTime>
 #include <QtCore/QHash>
 #include <QtCore/QString>
@@ -29,9 +30,9 @@ public:
     Dictionary(const Dictionary &) = delete;
     Dictionary &operator=(const Dictionary &) = delete;
 
-    /// Loads the dictionary where that is still to be done and forgets answers that no longer hold. Returns a number
-    /// that changes whenever remembered answers may have changed. Throws std::runtime_error if the dictionary cannot
-    /// be loaded (any more).
+    /// Loads the dictionary if it is not loaded or the word list has changed, and then forgets its answers. Returns a
+    /// number that changes whenever remembered answers may have changed. Throws std::runtime_error if the dictionary
+    /// cannot be loaded (any more).
     int refresh();
 
     /// Whether the engine calls `word` misspelled; remembered. Call refresh() first.
@@ -40,13 +41,14 @@ public:
     /// Replacements for `word`, best first; remembered. Throws as refresh() does.
     QStringList suggestions(const QString &word);
 
-    /// Adds to the person's word list; to the session's if the dictionary or the list cannot be used.
+    /// Adds to the person's word list, or to the session's if the list cannot be written. Throws as refresh() does.
     void add(const QString &word);
 
 private:
     using Stamp = std::pair<QDateTime, qint64>;
 
     void load();
+    void unload();
     bool ask(const QString &word) const;
     Stamp word_list_stamp() const;
     void forget_verdicts_of(const QString &word);
@@ -56,6 +58,7 @@ private:
     EnchantDict *m_dictionary = nullptr; // the broker's
     QHash<QString, bool> m_is_misspelled;
     QHash<QString, QStringList> m_suggestions;
+    QByteArrayList m_session_words; // that the list could not take
     Stamp m_word_list_stamp;
     int m_generation = 0;
 };

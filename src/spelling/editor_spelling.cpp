@@ -46,10 +46,11 @@ void CustomTextEditor::show_first_misspelled(const QSet<QString> &misspelled)
     const QSignalBlocker quiet(text_edit);
     QTextCursor cursor = text_edit->textCursor();
     cursor.movePosition(QTextCursor::Start);
-    bool examined = false;
+    const bool examined = !cursor.atEnd();
+    if (misspelled.isEmpty()) // where the walk would end; a long document takes seconds
+        cursor.movePosition(QTextCursor::End);
     while (!cursor.atEnd()) {
         cursor = word_under_cursor(cursor);
-        examined = true;
         if (misspelled.contains(cursor.selectedText()))
             break;
         if (!cursor.movePosition(QTextCursor::NextWord))

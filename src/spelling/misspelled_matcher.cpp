@@ -62,13 +62,11 @@ QList<MisspelledMatcher::Range> merged(QList<MisspelledMatcher::Range> ranges)
 MisspelledMatcher::MisspelledMatcher(const QSet<QString> &words)
 {
     for (const QString &word : words) {
-        const bool framed = is_word_character_at(word, 0) && is_word_character_before(word, word.size());
-        if (framed && is_literal(word) && word.isValidUtf16()) {
+        if (is_word_character_at(word, 0) && is_literal(word) && word.isValidUtf16()) {
+            m_words.insert(word);
             const qsizetype first_run = run_end(word, 0);
-            if (first_run == word.size())
-                m_words.insert(word);
-            else
-                m_compound_words[word.left(first_run)].append(word);
+            if (first_run < word.size())
+                m_compound_lengths[word.left(first_run)].insert(word.size());
             continue;
         }
         QRegularExpression pattern(u"\\b"_s + word + u"\\b"_s, QRegularExpression::UseUnicodePropertiesOption);
@@ -93,27 +91,31 @@ QList<MisspelledMatcher::Range> MisspelledMatcher::ranges(const QString &text) c
         const QString run = QString::fromRawData(text.constData() + position, end - position);
         if (m_words.contains(run))
             found.append({static_cast<int>(position), static_cast<int>(end - position)});
-        if (!m_compound_words.isEmpty())
+        if (!m_compound_lengths.isEmpty())
             add_compound_matches(text, run, static_cast<int>(position), &free_from, &found);
         position = end;
     }
     add_pattern_matches(text, &found);
-    return m_compound_words.isEmpty() && m_patterns.empty() ? found : merged(found);
+    return m_compound_lengths.isEmpty() && m_patterns.empty() ? found : merged(found);
 }
 
 void MisspelledMatcher::add_compound_matches(const QString &text, const QString &first_run, int start,
                                              QHash<QString, int> *free_from, QList<Range> *found) const
 {
-    const auto candidates = m_compound_words.constFind(first_run);
-    if (candidates == m_compound_words.constEnd())
+    const auto lengths = m_compound_lengths.constFind(first_run);
+    if (lengths == m_compound_lengths.constEnd())
         return;
-    for (const QString &word : *candidates) {
-        const int end = start + static_cast<int>(word.size());
-        if (start < free_from->value(word) || QStringView(text).mid(start, word.size()) != word ||
-            is_word_character_at(text, end))
+    for (const qsizetype length : *lengths) {
+        const qsizetype end = start + length;
+        if (end > text.size())
             continue;
-        found->append({start, end - start});
-        free_from->insert(word, end);
+        const QString word = QString::fromRawData(text.constData() + start, length);
+        // Behind a word that ends in a mark the boundary is where a word character follows.
+        const bool bounded = is_word_character_before(text, end) != is_word_character_at(text, end);
+        if (!bounded || start < free_from->value(word) || !m_words.contains(word))
+            continue;
+        found->append({start, static_cast<int>(length)});
+        free_from->insert(word, static_cast<int>(end)); // the text outlives both
     }
 }
 

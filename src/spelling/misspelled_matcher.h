@@ -30,15 +30,15 @@ public:
     /// Where `text` is to be underlined: in order, neither overlapping nor touching.
     QList<Range> ranges(const QString &text) const;
 
-    bool is_empty() const { return m_words.isEmpty() && m_compound_words.isEmpty() && m_patterns.empty(); }
+    bool is_empty() const { return m_words.isEmpty() && m_patterns.empty(); }
 
 private:
     void add_compound_matches(const QString &text, const QString &first_run, int start, QHash<QString, int> *free_from,
                               QList<Range> *found) const;
     void add_pattern_matches(const QString &text, QList<Range> *found) const;
 
-    QSet<QString> m_words;                        // of word characters only
-    QHash<QString, QStringList> m_compound_words; // others that are what they say, by their first run of them
+    QSet<QString> m_words;                              // that are what they say and begin with a word character
+    QHash<QString, QSet<qsizetype>> m_compound_lengths; // of those with others in them, by their first run
     std::vector<QRegularExpression> m_patterns;
 };
 

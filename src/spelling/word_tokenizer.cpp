@@ -51,7 +51,7 @@ Kind kind_of(char32_t c)
         return Kind::mark;
     if (QChar::isNumber(c))
         return Kind::number;
-    // An embedded object, and code points that stand for frame boundaries, separate like white space.
+    // An embedded object separates like white space.
     if (QChar::isSpace(c) || c == QChar::ObjectReplacementCharacter)
         return Kind::space;
     return Kind::other;
