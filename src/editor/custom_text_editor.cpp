@@ -18,6 +18,8 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
 
+#include <limits>
+
 namespace my_classes {
 
 using namespace Qt::StringLiterals;
@@ -116,10 +118,12 @@ void CustomTextEditor::create_status_row(QBoxLayout *column)
 
 void CustomTextEditor::apply_window_colour()
 {
-    // A palette of its own with one colour set: the others go on following the theme.
-    QPalette colours;
-    colours.setColor(QPalette::Base, palette().color(QPalette::Window));
+    QPalette colours = palette();
+    colours.setColor(QPalette::Base, colours.color(QPalette::Window));
+    // In full and to both: a widget under a style sheet inherits no colours from its parent.
+    colours.setResolveMask(std::numeric_limits<QPalette::ResolveMask>::max());
     text_edit->setPalette(colours);
+    text_edit->viewport()->setPalette(colours);
 }
 
 void CustomTextEditor::changeEvent(QEvent *event)
