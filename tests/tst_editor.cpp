@@ -284,7 +284,7 @@ void TstEditor::toolbar_shows_everything_at_every_width()
                 const QByteArray where = action->text().toUtf8() + " at " + QByteArray::number(width);
                 QVERIFY2(widget->isVisible(), where);
                 QVERIFY2(editor.toolbar->rect().contains(widget->geometry()), where);
-                QVERIFY2(widget->width() >= widget->minimumSizeHint().width(), where);
+                QVERIFY2(widget->width() >= qMin(widget->sizeHint().width(), editor.toolbar->width() - 10), where);
                 QVERIFY2(!taken.intersects(widget->geometry()), where);
                 taken += widget->geometry();
             }
@@ -625,6 +625,7 @@ void TstEditor::statistics_follow_every_edit()
             random.bounded(2) ? editor.set_html_content(any_of(fragments)) : text_edit->setPlainText(any_of(pieces));
         const auto &[name, edit] = edits[random.bounded(int(edits.size()))];
         edit();
+        QCoreApplication::processEvents();
         const QByteArray step = QByteArray("step ") + QByteArray::number(i) + ", " + name;
         QVERIFY2(editor.word_count_label->text() == recount(editor),
                  step + ": " + editor.word_count_label->text().toUtf8() + " instead of " + recount(editor).toUtf8());
