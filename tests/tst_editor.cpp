@@ -874,6 +874,7 @@ void TstEditor::theme_changes_at_run_time()
         const QColor window_colour = palette.color(QPalette::Window);
         QCOMPARE(text_edit->palette().color(QPalette::Base), window_colour);
         QCOMPARE(text_edit->palette().color(QPalette::Text), palette.color(QPalette::Text));
+        QCOMPARE(text_edit->verticalScrollBar()->palette().color(QPalette::Button), palette.color(QPalette::Button));
         QCOMPARE(text_edit->viewport()->grab().toImage().pixelColor(1, 1), window_colour);
     }
 }

@@ -122,10 +122,12 @@ void CustomTextEditor::apply_window_colour()
 {
     QPalette colours = palette();
     colours.setColor(QPalette::Base, colours.color(QPalette::Window));
-    // In full and to both: a widget under a style sheet inherits no colours from its parent.
+    // In full, and to its parts (viewport, scroll bars) too: a widget under a style sheet inherits no colours.
     colours.setResolveMask(std::numeric_limits<QPalette::ResolveMask>::max());
     text_edit->setPalette(colours);
-    text_edit->viewport()->setPalette(colours);
+    const auto parts = text_edit->findChildren<QWidget *>();
+    for (QWidget *part : parts)
+        part->setPalette(colours);
 }
 
 void CustomTextEditor::changeEvent(QEvent *event)
