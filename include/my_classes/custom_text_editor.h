@@ -181,6 +181,8 @@ private:
     void create_status_row(QBoxLayout *column);
     void add_font_boxes();
     void add_suggestions_box();
+    void follow_undo();
+    bool has_selected_text() const;
     void apply_window_colour();
     void apply_font_size(double points);
     void zoom_by(int points);
@@ -189,8 +191,9 @@ private:
     void insert_list(QTextListFormat::Style style);
 
     DocumentStatistics *m_statistics = nullptr;
-    double m_zoomed_points = 0; // what zooming has added to the size of the text area's font
-    double m_zoomed_size = 0;   // that size after the last zoom step
+    bool m_counts_selection = false; // the statistics line shows those of a selection
+    double m_zoomed_points = 0;      // what zooming has added to the size of the text area's font
+    double m_zoomed_size = 0;        // that size after the last zoom step
 };
 
 } // namespace my_classes

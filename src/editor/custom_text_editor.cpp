@@ -18,6 +18,8 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
 
+#include <limits>
+
 namespace my_classes {
 
 using namespace Qt::StringLiterals;
@@ -87,6 +89,8 @@ void CustomTextEditor::create_text_area(QBoxLayout *column)
     connect(text_edit, &QTextEdit::cursorPositionChanged, this, &CustomTextEditor::update_from_cursor);
     connect(text_edit, &QTextEdit::textChanged, this, &CustomTextEditor::count_words);
     connect(text_edit, &QTextEdit::selectionChanged, this, &CustomTextEditor::selection_changed);
+    connect(text_edit, &QTextEdit::cursorPositionChanged, this, &CustomTextEditor::follow_undo);
+    connect(text_edit, &QTextEdit::textChanged, this, &CustomTextEditor::follow_undo, Qt::QueuedConnection);
     column->addWidget(text_edit);
     m_statistics = new DocumentStatistics(text_edit->document());
     new EmbeddedPictures(text_edit->document());
@@ -116,10 +120,14 @@ void CustomTextEditor::create_status_row(QBoxLayout *column)
 
 void CustomTextEditor::apply_window_colour()
 {
-    // A palette of its own with one colour set: the others go on following the theme.
-    QPalette colours;
-    colours.setColor(QPalette::Base, palette().color(QPalette::Window));
+    QPalette colours = palette();
+    colours.setColor(QPalette::Base, colours.color(QPalette::Window));
+    // In full, and to its parts (viewport, scroll bars) too: a widget under a style sheet inherits no colours.
+    colours.setResolveMask(std::numeric_limits<QPalette::ResolveMask>::max());
     text_edit->setPalette(colours);
+    const auto parts = text_edit->findChildren<QWidget *>();
+    for (QWidget *part : parts)
+        part->setPalette(colours);
 }
 
 void CustomTextEditor::changeEvent(QEvent *event)

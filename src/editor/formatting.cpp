@@ -206,17 +206,33 @@ void CustomTextEditor::update_font_combos()
     const QString family = format.font().family();
     if (!family.isEmpty() && family != font_combo->currentText())
         font_combo->setCurrentText(family);
-    const bool is_zoomed = !format.hasProperty(QTextFormat::FontPointSize); // zoom changes the default size only
-    const int points = is_zoomed ? unzoomed_font().pointSize() : format.font().pointSize();
-    const QString size = QString::number(points < 0 ? k_fallback_size : points);
+    double points = format.font().pointSizeF();
+    if (points > 0 && !format.hasProperty(QTextFormat::FontPointSize)) // zoom changes the default size only
+        points *= unzoomed_font().pointSizeF() / text_edit->document()->defaultFont().pointSizeF();
+    const QString size = QString::number(points < 0 ? k_fallback_size : qRound(points));
     if (size != font_size_combo->currentText())
         font_size_combo->setCurrentText(size);
 }
 
 void CustomTextEditor::selection_changed()
 {
-    clear_formatting_action->setEnabled(text_edit->textCursor().hasSelection());
+    clear_formatting_action->setEnabled(has_selected_text());
     count_words();
+}
+
+// Undo moves the cursor without notice of the lost selection, and not even of the move where that is none.
+void CustomTextEditor::follow_undo()
+{
+    if (m_counts_selection && !text_edit->textCursor().hasSelection())
+        selection_changed();
+    update_format_buttons();
+}
+
+bool CustomTextEditor::has_selected_text() const
+{
+    const QTextCursor cursor = text_edit->textCursor();
+    // Of empty table cells there is no text.
+    return cursor.hasSelection() && (!cursor.hasComplexSelection() || !cursor.selectedText().isEmpty());
 }
 
 } // namespace my_classes

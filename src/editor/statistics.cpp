@@ -23,9 +23,10 @@ QString grouped(int number)
 
 void CustomTextEditor::count_words()
 {
-    const QTextCursor cursor = text_edit->textCursor();
-    const bool selected = cursor.hasSelection();
-    const TextCounts counts = selected ? m_statistics->of_selection(cursor) : m_statistics->of_document();
+    const bool selected = has_selected_text();
+    m_counts_selection = selected;
+    const TextCounts counts =
+        selected ? m_statistics->of_selection(text_edit->textCursor()) : m_statistics->of_document();
     QString line;
     if (counts.words > 0) {
         line = tr("Lang: %1 | %2%3 sentences | %4 words | %5 characters")

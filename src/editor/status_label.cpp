@@ -3,7 +3,9 @@
 
 #include "editor/status_label.h"
 
+#include <QtGui/QHelpEvent>
 #include <QtGui/QPainter>
+#include <QtWidgets/QToolTip>
 
 namespace my_classes {
 
@@ -21,6 +23,14 @@ QSize StatusLabel::minimumSizeHint() const
 QSize StatusLabel::sizeHint() const
 {
     return minimumSizeHint();
+}
+
+bool StatusLabel::event(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip || fontMetrics().horizontalAdvance(text()) <= width())
+        return QLabel::event(event);
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), text(), this);
+    return true;
 }
 
 void StatusLabel::paintEvent(QPaintEvent *)

@@ -7,8 +7,8 @@
 
 namespace my_classes {
 
-/// A line of plain text that takes the width it is given and ends in dots where that is too little. Its text does not
-/// move the layout, so that it may change with every key press.
+/// A line of plain text that takes the width it is given; where that is too little it ends in dots and its tool tip
+/// shows it whole. Its text does not move the layout, so that it may change with every key press.
 class StatusLabel : public QLabel
 {
     Q_OBJECT
@@ -20,6 +20,7 @@ public:
     QSize sizeHint() const override;
 
 protected:
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 };
 

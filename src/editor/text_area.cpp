@@ -5,14 +5,25 @@
 
 #include <my_classes/custom_text_editor.h>
 
+#include <QtCore/QFileInfo>
+#include <QtCore/QUrl>
+#include <QtGui/QPixmap>
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QScrollBar>
 
 namespace my_classes {
 
 namespace {
-constexpr int k_page_margin = 50; // pixels
-constexpr int k_overshoot = 2;    // pixels
+constexpr int k_page_margin = 50;              // pixels
+constexpr int k_overshoot = 2;                 // pixels
+constexpr qint64 k_largest_file = 100'000'000; // bytes
+
+/// Whether reading the file comes to an end: a device may not, a pipe may not even begin. Neither has a size.
+bool is_readable_in_full(const QString &path)
+{
+    const QFileInfo file(path);
+    return file.isFile() && file.size() > 0 && file.size() <= k_largest_file;
+}
 } // namespace
 
 TextArea::TextArea(CustomTextEditor *editor)
@@ -30,6 +41,17 @@ TextArea::TextArea(CustomTextEditor *editor)
 void TextArea::scroll_by_wheel(QWheelEvent *event)
 {
     QTextEdit::wheelEvent(event);
+}
+
+QVariant TextArea::loadResource(int type, const QUrl &name)
+{
+    const QString path = name.isRelative() ? name.path() : name.toLocalFile();
+    if (path.isEmpty() || is_readable_in_full(path))
+        return QTextEdit::loadResource(type, name);
+    // Not nothing: Qt would open the file itself.
+    if (type == QTextDocument::ImageResource)
+        return QPixmap(QStringLiteral(":/qt-project.org/styles/commonstyle/images/file-16.png"));
+    return QByteArray();
 }
 
 bool TextArea::event(QEvent *event)

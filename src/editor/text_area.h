@@ -9,7 +9,8 @@ namespace my_classes {
 
 class CustomTextEditor;
 
-/// The editor's text area: gives every wheel event to the editor first and leaves by Shift+Tab.
+/// The editor's text area: gives every wheel event to the editor first, leaves by Shift+Tab, and opens no devices or
+/// pipes that a document names as pictures or style sheets.
 class TextArea : public QTextEdit
 {
     Q_OBJECT
@@ -19,6 +20,9 @@ public:
 
     /// The wheel handling of QTextEdit itself.
     void scroll_by_wheel(QWheelEvent *event);
+
+    /// Leaves to Qt what the document embeds and ordinary files; stands in for anything else that it names.
+    QVariant loadResource(int type, const QUrl &name) override;
 
 protected:
     bool event(QEvent *event) override;

@@ -105,6 +105,10 @@ void CustomTextEditor::add_toolbar_buttons()
         action->setCheckable(true);
     for (QAction *action : {clear_formatting_action, correctAction, addWordAction})
         action->setEnabled(false);
+    // The items were made last; without this Shift+Tab in the text would leave the editor. Twice, because the order is
+    // a ring in which the text follows the last item already: until the editor stands in a window with others.
+    setTabOrder(toolbar->widgetForAction(toolbar->actions().constFirst()), text_edit);
+    setTabOrder(toolbar->widgetForAction(toolbar->actions().constLast()), text_edit);
 }
 
 void CustomTextEditor::add_font_boxes()

@@ -84,7 +84,8 @@ QFont CustomTextEditor::unzoomed_font() const
 
 std::unique_ptr<QTextDocument> CustomTextEditor::unzoomed_copy() const
 {
-    std::unique_ptr<QTextDocument> copy(text_edit->document()->clone());
+    // A child of the document, so that it loads pictures through the text area, too.
+    std::unique_ptr<QTextDocument> copy(text_edit->document()->clone(text_edit->document()));
     copy->setDefaultFont(unzoomed_font());
     return copy;
 }
