@@ -264,7 +264,7 @@ void TstSearch::same_as_step_by_step()
     const auto any_of = [&](const QStringList &list) { return list.at(random.bounded(list.size())); };
 
     int compared = 0;
-    for (int i = 0; i < 500; ++i) {
+    for (int i = 0; i < 400; ++i) {
         QString document;
         for (int words = random.bounded(12); words >= 0; --words)
             document += any_of(pieces);
@@ -319,7 +319,7 @@ void TstSearch::same_as_step_by_step()
         QCOMPARE(area.toHtml(), wanted.area.toHtml());
         ++compared;
     }
-    QVERIFY(compared > 250);
+    QVERIFY(compared > 200);
 }
 
 void TstSearch::keeps_up_with_the_document()
@@ -537,7 +537,7 @@ void TstSearch::replace_all_can_be_left()
 
 void TstSearch::runaway_pattern_has_no_matches()
 {
-    Scene scene(QString(100'000, u'a') + u'!');
+    Scene scene(QString(20'000, u'a') + u'!');
     BoxAnswers answers;
     for (const QString &pattern : {u"(a+)+$"_s, u"(a|aa)+$"_s, u"(.*)*x"_s, u"(?:a|.)*b"_s}) {
         scene.type(pattern, {});
