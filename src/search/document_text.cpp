@@ -22,7 +22,7 @@ std::optional<QString> read_part(QTextDocument *document, qsizetype position, qs
     cursor.setPosition(int(position));
     cursor.setPosition(int(position + length), QTextCursor::KeepAnchor);
     QString part = cursor.selectedText();
-    if (cursor.hasComplexSelection() || cursor.anchor() != position || part.size() != length)
+    if (cursor.hasComplexSelection() || cursor.selectionStart() != position || part.size() != length)
         return {};
     for (QChar &c : part) {
         if (c == QChar::ParagraphSeparator || c == QChar::LineSeparator || c == QChar(0xfdd0) || c == QChar(0xfdd1))
