@@ -85,7 +85,7 @@ void TstProgram::one_window_until_it_is_closed()
 
     QVERIFY(program.waitForFinished());
     QCOMPARE(program.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(program.exitCode(), 0);
+    QVERIFY2(program.exitCode() == 0, program.readAllStandardError().constData());
     QCOMPARE(program.readAllStandardError(), QByteArray());
 
     window_manager.terminate();

@@ -58,12 +58,11 @@ CustomTextEditor::~CustomTextEditor()
 
 void CustomTextEditor::initUI()
 {
-    auto *column = new QVBoxLayout;
+    auto *column = new QVBoxLayout(this);
     column->setContentsMargins(k_side_margin, 0, k_side_margin, 0);
     create_toolbar(column);
     create_text_area(column);
     create_status_row(column);
-    setLayout(column);
     add_toolbar_buttons();
 }
 
