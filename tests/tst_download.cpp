@@ -160,7 +160,8 @@ void TstDownload::outcome()
     QFETCH(HttpServer::Answer, answer);
     QFETCH(QString, url);
     QFETCH(QString, path);
-    QFETCH(QByteArray, content);
+    QFETCH(bool, success);
+    QFETCH(QByteArray, content); // of a failed transfer Qt may hold back the end
     m_server.answers["/answer"] = answer;
     const QString file_path = path.isEmpty() ? target() : path;
 
@@ -170,11 +171,11 @@ void TstDownload::outcome()
     downloader.start();
     QTRY_COMPARE_WITH_TIMEOUT(finished.size(), 1, 20'000);
 
-    QTEST(finished[0][0].toBool(), "success");
+    QCOMPARE(finished[0][0].toBool(), success);
     if (path != u"/dev/full")
-        QCOMPARE(content_of(file_path), content);
+        QVERIFY(success ? content_of(file_path) == content : content.startsWith(content_of(file_path)));
     QTEST(!progress.isEmpty(), "progress");
-    if (finished[0][0].toBool() && !progress.isEmpty())
+    if (success && !progress.isEmpty())
         QCOMPARE(progress.last()[0].toInt(), 100);
     QVERIFY(!downloader.reply);
     QTRY_COMPARE(downloader.isRunning(), path.isEmpty() || path == u"/dev/full"); // idles after a request
