@@ -49,7 +49,9 @@ compare() {
     : >"$work/curl" && : >"$work/ours"
     i=0
     while [ $i -lt "$rounds" ]; do
+        rm -f "$work/got"
         curl -sfL -o "$work/got" -w '%{time_total}\n' "$url$1" >>"$work/curl"
+        rm -f "$work/got"
         "$bench" "$url$1" "$work/got" >>"$work/ours"
         i=$((i + 1))
     done
