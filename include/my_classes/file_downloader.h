@@ -5,11 +5,11 @@
 
 #include <my_classes/export.h>
 
-#include <QtCore/QMutex>
 #include <QtCore/QString>
 #include <QtCore/QThread>
 
 #include <atomic>
+#include <mutex>
 
 QT_BEGIN_NAMESPACE
 class QNetworkReply;
@@ -59,7 +59,7 @@ private:
     class Transfer;
     enum class CancelState { None, Asked, Announced };
 
-    QMutex m_guard; // of the two below
+    std::mutex m_guard; // of the two below
     Transfer *m_transfer = nullptr;
     CancelState m_cancel_state = CancelState::None; // of the present run
 };

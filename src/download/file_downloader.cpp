@@ -27,7 +27,7 @@ void FileDownloader::run()
     Transfer transfer(this);
     bool announced_already = false;
     {
-        const QMutexLocker lock(&m_guard);
+        const std::lock_guard lock(m_guard);
         is_cancelled = m_cancel_state != CancelState::None; // a cancel from before start() does not count
         announced_already = m_cancel_state == CancelState::Announced;
         m_transfer = &transfer;
@@ -38,7 +38,7 @@ void FileDownloader::run()
     if (is_cancelled || transfer.start())
         exec();
 
-    const QMutexLocker lock(&m_guard);
+    const std::lock_guard lock(m_guard);
     m_transfer = nullptr;
     m_cancel_state = CancelState::None;
 }
@@ -47,7 +47,7 @@ void FileDownloader::cancel()
 {
     trace("FileDownloader cancelled");
     {
-        const QMutexLocker lock(&m_guard);
+        const std::lock_guard lock(m_guard);
         is_cancelled = true;
         if (isRunning())
             m_cancel_state = CancelState::Asked;
@@ -58,7 +58,7 @@ void FileDownloader::cancel()
     if (!still_here)
         return;
 
-    const QMutexLocker lock(&m_guard);
+    const std::lock_guard lock(m_guard);
     if (m_cancel_state == CancelState::Asked)
         m_cancel_state = CancelState::Announced;
     if (m_transfer)

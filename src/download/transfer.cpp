@@ -72,7 +72,7 @@ void FileDownloader::Transfer::on_finished()
 {
     on_ready_read(); // the last bytes may come without a signal of their own
     {
-        const QMutexLocker lock(&m_downloader->m_guard);
+        const std::lock_guard lock(m_downloader->m_guard);
         if (m_downloader->m_cancel_state != CancelState::None)
             return; // cancel() announces it first, and ends the transfer then
     }
