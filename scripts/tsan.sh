@@ -35,7 +35,7 @@ def is_own(stack):
 reports = [report for log in logs for report in open(log).read().split("WARNING: ThreadSanitizer: ")[1:]]
 counted = []
 for report in reports:
-    accesses = re.findall(r"by (?:main )?thread[^\n]*:\n((?: +#\d[^\n]*\n)+)", report)
+    accesses = re.findall(r"(?:[Rr]ead|[Ww]rite) of size[^\n]*:\n((?: +#\d[^\n]*\n)+)", report)
     if not report.startswith("data race") or (len(accesses) == 2 and all(map(is_own, accesses))):
         counted.append(report)
 print("\n".join(counted))
