@@ -47,6 +47,7 @@ public:
     QLineEdit *line_edit = nullptr;
 
 Q_SIGNALS:
+    /// As QTabBar reports it: a drag over several tabs may come in steps, each the move of the tab that makes way.
     void tab_moved(int from_index, int to_index);
     void tab_deleted(const QString &title);
 

@@ -47,7 +47,7 @@ Q_SIGNALS:
     void progress_updated(int percent);
     /// Emitted once, on the worker thread. False: the file could not be opened or written, the transfer failed or ended
     /// short, the server answered with an error, or the download was cancelled. What was written stays on disk, unless
-    /// the download was cancelled.
+    /// the download was cancelled. Of a compressed body Qt does not tell whether it ended short.
     void download_finished(bool success);
     /// Emitted by cancel(), on its thread, before the download_finished(false) which that causes.
     void download_cancelled();
