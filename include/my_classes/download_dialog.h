@@ -14,12 +14,15 @@ namespace my_classes {
 
 class FileDownloader;
 
-/// Progress dialog of one download, which its construction starts. The host shows and deletes it.
+/// Progress dialog of one download, which its construction starts. The host shows and deletes it, at any moment; by
+/// itself it appears after QProgressDialog's delay, and for ten seconds when the download has failed. Closing it before
+/// the end cancels the download. GUI thread only.
 class MY_CLASSES_EXPORT DownloadDialog : public QProgressDialog
 {
     Q_OBJECT
 
 public:
+    /// `msg` is the label during the download; it wraps.
     DownloadDialog(const QString &url, const QString &file_path, const QString &msg, QWidget *parent = nullptr);
     ~DownloadDialog() override;
 
@@ -28,6 +31,17 @@ public:
 public Q_SLOTS:
     void on_download_finished(bool success);
     void on_download_cancelled();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void show_progress(int percent);
+
+    bool m_cancelled = false;
+    bool m_finished = false;
+    bool m_has_been_shown = false;
 };
 
 } // namespace my_classes

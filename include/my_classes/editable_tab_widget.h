@@ -5,6 +5,7 @@
 
 #include <my_classes/export.h>
 
+#include <QtCore/QPointer>
 #include <QtCore/QString>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QTabWidget>
@@ -16,6 +17,10 @@ QT_END_NAMESPACE
 namespace my_classes {
 
 /// Tab widget whose titles are renamed in place and kept unique, and whose tabs close after confirmation.
+///
+/// A double click on a title, or F2 on the tab bar, opens a field over it; Return renames, Escape and leaving the field
+/// abandon. What is wrong with a title is told in the status bar of the window, if that is a QMainWindow. Indices are
+/// tab positions. GUI thread only.
 class MY_CLASSES_EXPORT EditableTabWidget : public QTabWidget
 {
     Q_OBJECT
@@ -23,11 +28,17 @@ class MY_CLASSES_EXPORT EditableTabWidget : public QTabWidget
 public:
     explicit EditableTabWidget(QWidget *parent = nullptr);
 
+    /// Opens the field over a title. A field that is open already is not closed.
     void editTabTitle(int index);
+    /// Gives the tab the title in the field, without white space around it, and closes the field; leaves the field open
+    /// if the title is empty or taken. Nothing without a field.
     void finishEditTabTitle(int index);
     void handle_tab_moved(int from_index, int to_index);
+    /// Removes a tab if the user confirms it. The page is the host's: it is not deleted.
     void closeTab(int index);
+    /// Verifica si el título ya existe en otras pestañas: true if no tab but the one at `current_index` has it.
     bool isTabTitleUnique(const QString &title, int current_index) const;
+    /// Asks `msg` with Yes and No, for hosts; No is the default.
     QMessageBox::StandardButton msgbox_confirm(const QString &msg);
 
     bool eventFilter(QObject *obj, QEvent *event) override;
@@ -36,11 +47,19 @@ public:
     QLineEdit *line_edit = nullptr;
 
 Q_SIGNALS:
+    /// As QTabBar reports it: a drag over several tabs may come in steps, each the move of the tab that makes way.
     void tab_moved(int from_index, int to_index);
     void tab_deleted(const QString &title);
 
 protected:
     bool event(QEvent *event) override;
+
+private:
+    void refuse_title(const QString &reason);
+    void close_field(QLineEdit *field);
+    bool field_event(QLineEdit *field, QEvent *event);
+
+    QPointer<QWidget> m_focus_before_field;
 };
 
 } // namespace my_classes

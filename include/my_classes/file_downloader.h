@@ -9,6 +9,7 @@
 #include <QtCore/QThread>
 
 #include <atomic>
+#include <mutex>
 
 QT_BEGIN_NAMESPACE
 class QNetworkReply;
@@ -17,28 +18,50 @@ QT_END_NAMESPACE
 namespace my_classes {
 
 /// Downloads one URL into one local file on a thread of its own. Nothing happens before start().
+///
+/// The body goes to disk as it arrives; a megabyte of it is in memory at most. After the end the thread idles until the
+/// downloader is destroyed, which may happen at any moment but not on the downloader's own thread: the destructor stops
+/// the thread, and removes the file of a transfer that was under way.
 class MY_CLASSES_EXPORT FileDownloader : public QThread
 {
     Q_OBJECT
 
 public:
+    /// `file_path` is overwritten.
     FileDownloader(const QString &url, const QString &file_path);
     ~FileDownloader() override;
 
+    /// Stops the download and removes its file; callable from any thread. After the end of the download it only emits
+    /// download_cancelled(), and before start() it is forgotten by the download that follows.
     void cancel();
 
     QString url;
     QString file_path;
+    /// True once cancel() has been called for the present download.
     std::atomic<bool> is_cancelled = false;
+    /// The running request, null before and after. It belongs to the worker thread: other threads may only compare it.
     std::atomic<QNetworkReply *> reply = nullptr;
 
 Q_SIGNALS:
+    /// Whole per cent, 0 to 100; on the worker thread. Not emitted if the server does not announce a length.
     void progress_updated(int percent);
+    /// Emitted once, on the worker thread. False: the file could not be opened or written, the transfer failed or ended
+    /// short, the server answered with an error, or the download was cancelled. What was written stays on disk, unless
+    /// the download was cancelled. Of a compressed body Qt does not tell whether it ended short.
     void download_finished(bool success);
+    /// Emitted by cancel(), on its thread, before the download_finished(false) which that causes.
     void download_cancelled();
 
 protected:
     void run() override;
+
+private:
+    class Transfer;
+    enum class CancelState { None, Asked, Announced };
+
+    std::mutex m_guard; // of the two below
+    Transfer *m_transfer = nullptr;
+    CancelState m_cancel_state = CancelState::None; // of the present run
 };
 
 } // namespace my_classes

@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+// Documents in tabs, and a download:
+//     tabs_and_download [URL FILE]
+
+#include <my_classes/my_classes.h>
+
+#include <QtGui/QAction>
+#include <QtGui/QKeySequence>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QInputDialog>
+#include <QtWidgets/QMainWindow>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QMenuBar>
+#include <QtWidgets/QStatusBar>
+
+#include <memory>
+
+using namespace my_classes;
+
+namespace {
+
+class Window : public QMainWindow
+{
+public:
+    Window()
+    {
+        setCentralWidget(m_tabs);
+        // Renaming a tab is the widget's own affair: double click, or F2 on the tab bar.
+        connect(m_tabs, &EditableTabWidget::tab_moved, this,
+                [this](int from, int to) { statusBar()->showMessage(tr("Tab %1 moved to %2").arg(from).arg(to)); });
+        connect(m_tabs, &EditableTabWidget::tab_deleted, this, [this](const QString &title) {
+            statusBar()->showMessage(tr("Deleted: %1").arg(title));
+            delete_removed_pages();
+        });
+
+        QMenu *file = menuBar()->addMenu(tr("&File"));
+        file->addAction(tr("&New tab"), QKeySequence::AddTab, this, &Window::add_document);
+        file->addAction(tr("&Close tab"), QKeySequence::Close, this,
+                        [this] { m_tabs->closeTab(m_tabs->currentIndex()); });
+        file->addAction(tr("&Download..."), this, [this] {
+            const QString url = QInputDialog::getText(this, tr("Download"), tr("Address:"));
+            const QString path = url.isEmpty() ? url : QInputDialog::getText(this, tr("Download"), tr("File:"));
+            if (!path.isEmpty())
+                download(url, path);
+        });
+        add_document();
+        add_document();
+        add_document();
+        resize(1100, 600);
+    }
+
+    void download(const QString &url, const QString &path)
+    {
+        // A dialog may be destroyed at any moment; this one lives until the next download.
+        m_download = std::make_unique<DownloadDialog>(url, path, tr("Downloading %1").arg(url), this);
+        connect(m_download->downloader.get(), &FileDownloader::download_finished, this,
+                [this](bool success) { statusBar()->showMessage(success ? tr("Downloaded") : tr("Not downloaded")); });
+        m_download->show();
+    }
+
+private:
+    void add_document()
+    {
+        auto *page = new CustomTab;
+        connect(page, &CustomTab::text_changed, this, [this, page] {
+            statusBar()->showMessage(tr("%n character(s)", "", int(page->get_text_content().size())));
+        });
+        m_tabs->setCurrentIndex(m_tabs->addTab(page, tr("Document %1").arg(++m_documents)));
+    }
+
+    /// A closed tab's page is not deleted with it: it is still a child, but no longer one of the pages.
+    void delete_removed_pages()
+    {
+        for (auto *page : m_tabs->findChildren<CustomTab *>()) {
+            if (m_tabs->indexOf(page) == -1)
+                page->deleteLater();
+        }
+    }
+
+    EditableTabWidget *m_tabs = new EditableTabWidget;
+    std::unique_ptr<DownloadDialog> m_download;
+    int m_documents = 0;
+};
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    Window window;
+    window.show();
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() == 3)
+        window.download(arguments[1], arguments[2]);
+    return QApplication::exec();
+}

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QtWidgets/QLabel>
+
+namespace my_classes {
+
+/// Label of plain text for a small fixed space: it also breaks inside words, such as addresses and file names, takes a
+/// smaller font where that helps, and ends with an ellipsis where nothing does; the tool tip is the whole text then.
+class WrappingLabel : public QLabel
+{
+public:
+    explicit WrappingLabel(QWidget *parent = nullptr);
+
+protected:
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QStringList lines(const QFont &font) const;
+    bool fits(const QFont &font) const;
+    QFont fitting_font() const;
+};
+
+} // namespace my_classes
