@@ -31,6 +31,9 @@ public:
     /// Replaces the listed words and formats the whole document again at once.
     void setMisspelled(const QSet<QString> &misspelled);
 
+    /// Moves on to another document, which may be null.
+    void setDocument(QTextDocument *document);
+
     /// Formats the whole document again, with one notification to its layout where the base class sends one for
     /// every paragraph that changes.
     void rehighlight();

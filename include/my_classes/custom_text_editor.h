@@ -181,6 +181,7 @@ private:
     void create_status_row(QBoxLayout *column);
     void add_font_boxes();
     void add_suggestions_box();
+    void follow_document();
     void follow_undo();
     bool has_selected_text() const;
     void apply_window_colour();
@@ -190,7 +191,7 @@ private:
     std::unique_ptr<QTextDocument> unzoomed_copy() const;
     void insert_list(QTextListFormat::Style style);
 
-    DocumentStatistics *m_statistics = nullptr;
+    QPointer<DocumentStatistics> m_statistics; // belongs to the document
     bool m_counts_selection = false; // the statistics line shows those of a selection
     double m_zoomed_points = 0;      // what zooming has added to the size of the text area's font
     double m_zoomed_size = 0;        // that size after the last zoom step

@@ -96,6 +96,7 @@ void CustomTextEditor::create_text_area(QBoxLayout *column)
 
     spellchecker = std::make_unique<my_spellchecker::MySpellChecker>(lang);
     highlighter = new CustomHighlighter(text_edit->document());
+    highlighter->setParent(this); // it outlives a document that the host replaces
     text_edit->setAutoFillBackground(true);
     apply_window_colour();
 }
@@ -115,6 +116,18 @@ void CustomTextEditor::create_status_row(QBoxLayout *column)
     row->addWidget(zoom_label);
     row->addWidget(zoom_in_button);
     column->addLayout(row);
+}
+
+/// Hosts may give the text area another document.
+void CustomTextEditor::follow_document()
+{
+    QTextDocument *document = text_edit->document();
+    if (m_statistics && m_statistics->parent() == document)
+        return;
+    m_statistics = new DocumentStatistics(document);
+    new EmbeddedPictures(document);
+    highlighter->setMisspelled({}); // those of the other document
+    highlighter->setDocument(document);
 }
 
 void CustomTextEditor::apply_window_colour()

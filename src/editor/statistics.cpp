@@ -23,6 +23,7 @@ QString grouped(int number)
 
 void CustomTextEditor::count_words()
 {
+    follow_document();
     const bool selected = has_selected_text();
     m_counts_selection = selected;
     const TextCounts counts =

@@ -9,7 +9,7 @@
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextLayout>
 
-#include <algorithm>
+#include <utility>
 
 namespace my_classes {
 
@@ -26,11 +26,10 @@ QTextCharFormat underline_format()
 } // namespace
 
 CustomHighlighter::CustomHighlighter(QTextDocument *parent)
-    : QSyntaxHighlighter(parent)
+    : QSyntaxHighlighter(static_cast<QObject *>(parent))
     , m_matcher(std::make_unique<MisspelledMatcher>(misspelled))
 {
-    // Takes the place of the full pass that the base class puts off to the next turn of the event loop.
-    QSyntaxHighlighter::rehighlight();
+    setDocument(parent);
 }
 
 CustomHighlighter::~CustomHighlighter() = default;
@@ -39,6 +38,17 @@ void CustomHighlighter::setMisspelled(const QSet<QString> &words)
 {
     misspelled = words;
     m_matcher = std::make_unique<MisspelledMatcher>(misspelled);
+    rehighlight();
+}
+
+void CustomHighlighter::setDocument(QTextDocument *document)
+{
+    // The base class would put off a full pass to the next turn of the event loop; one without words to mark, at once,
+    // takes its place.
+    auto matcher = std::exchange(m_matcher, std::make_unique<MisspelledMatcher>(QSet<QString>()));
+    QSyntaxHighlighter::setDocument(document);
+    QSyntaxHighlighter::rehighlight();
+    m_matcher = std::move(matcher);
     rehighlight();
 }
 
