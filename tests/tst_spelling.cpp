@@ -586,8 +586,8 @@ void TstSpelling::vanished_dictionary_is_a_clear_error()
     CustomTextEditor editor({}, nullptr, u"qb"_s);
     editor.text_edit->setPlainText(u"teh"_s);
     QVERIFY(QFile::remove(directory + u"/qb_QX.dic"_s) && QFile::remove(directory + u"/qb_QX.aff"_s));
-    QVERIFY_EXCEPTION_THROWN(editor.spellchecker->check(u"teh"_s), std::runtime_error);
-    QVERIFY_EXCEPTION_THROWN(editor.spellchecker->get_suggestions(u"teh"_s), std::runtime_error);
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, editor.spellchecker->check(u"teh"_s));
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, editor.spellchecker->get_suggestions(u"teh"_s));
     for (const bool blocked : {true, false}) {
         editor.text_edit->blockSignals(blocked);
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"qb_QX"_s));
