@@ -343,6 +343,7 @@ void TstEditor::shortcuts_of_two_editors()
         QVERIFY(!text_edit->textCursor().charFormat().fontUnderline());
         QTest::keyClick(text_edit, Qt::Key_Z, Qt::ControlModifier);
         QVERIFY(text_edit->textCursor().charFormat().fontUnderline());
+        QTRY_VERIFY(editor->underline_action->isChecked() && !editor->clear_formatting_action->isEnabled());
 
         QSignalSpy checked(editor, &CustomTextEditor::check_spelling_done);
         QTest::keyClick(text_edit, Qt::Key_F7);
