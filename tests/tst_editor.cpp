@@ -167,13 +167,12 @@ private Q_SLOTS:
     void wheel_zooms_and_scrolls();
     void zoom_does_not_leave_the_editor_data();
     void zoom_does_not_leave_the_editor();
+    void zoom_of_a_font_in_pixels();
     void statistics();
     void statistics_follow_every_edit_data();
     void statistics_follow_every_edit();
-    void formatting_takes_the_word_data();
     void formatting_takes_the_word();
     void formatting_merges_and_clears();
-    void font_size_data();
     void font_size();
     void paragraph_formatting();
     void content_operations();
@@ -261,7 +260,7 @@ void TstEditor::toolbar_shows_everything_at_every_width()
     QCOMPARE(items(editor).size(), 28);
     for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
         window.setLayoutDirection(direction);
-        for (int width = 1400; width >= 550; width -= 25) {
+        for (int width = 1400; width >= 550; width -= 50) {
             window.resize(width, 600);
             QCoreApplication::processEvents();
             QCOMPARE(window.width(), width);
@@ -344,6 +343,7 @@ void TstEditor::shortcuts_of_two_editors()
         QVERIFY(!text_edit->textCursor().charFormat().fontUnderline());
         QTest::keyClick(text_edit, Qt::Key_Z, Qt::ControlModifier);
         QVERIFY(text_edit->textCursor().charFormat().fontUnderline());
+        QTRY_VERIFY(editor->underline_action->isChecked() && !editor->clear_formatting_action->isEnabled());
 
         QSignalSpy checked(editor, &CustomTextEditor::check_spelling_done);
         QTest::keyClick(text_edit, Qt::Key_F7);
@@ -448,6 +448,22 @@ void TstEditor::zoom_does_not_leave_the_editor()
     QCOMPARE(QApplication::clipboard()->mimeData()->html(), copied);
 }
 
+void TstEditor::zoom_of_a_font_in_pixels()
+{
+    QFont font(u"Times new roman"_s);
+    font.setPixelSize(20);
+    CustomTextEditor editor(font);
+    editor.set_html_content(u"<p>a</p>"_s);
+    const QString before = editor.get_html_content();
+    const int height = QFontInfo(editor.text_edit->font()).pixelSize();
+    editor.zoom_in();
+    QVERIFY(QFontInfo(editor.text_edit->font()).pixelSize() > height);
+    QCOMPARE(editor.get_html_content(), before);
+    editor.zoom_out();
+    QCOMPARE(QFontInfo(editor.text_edit->font()).pixelSize(), height);
+    QCOMPARE(editor.get_html_content(), before);
+}
+
 void TstEditor::statistics()
 {
     const QString head = u"Lang: EN | "_s;
@@ -478,7 +494,7 @@ void TstEditor::statistics()
 void TstEditor::statistics_follow_every_edit_data()
 {
     QTest::addColumn<quint32>("seed");
-    for (const quint32 seed : {1, 2, 3, 4, 5, 6, 7, 8})
+    for (const quint32 seed : {1, 2, 3, 4})
         QTest::addRow("seed %u", seed) << seed;
 }
 
@@ -586,57 +602,33 @@ void TstEditor::statistics_follow_every_edit()
     }
 }
 
-void TstEditor::formatting_takes_the_word_data()
-{
-    QTest::addColumn<QString>("marked"); // "|" cursor; the word that is taken stands in brackets
-    QTest::newRow("inside") << u"one [t|wo] three"_s;
-    QTest::newRow("at its start") << u"one [|two] three"_s;
-    QTest::newRow("at its end") << u"one [two|] three"_s;
-    QTest::newRow("before punctuation") << u"[one|], two"_s;
-    QTest::newRow("behind punctuation") << u"one,| two"_s;
-    QTest::newRow("between blanks") << u"one | two"_s;
-    QTest::newRow("in punctuation") << u"one -|-- two"_s;
-    QTest::newRow("empty paragraph") << u"|"_s;
-    QTest::newRow("apostrophe") << u"I [do|n't] know"_s;
-    QTest::newRow("behind an apostrophe") << u"I [don'|t] know"_s;
-    QTest::newRow("before an apostrophe") << u"I [don|'t] know"_s;
-    QTest::newRow("typographic apostrophe") << u"I [don\u2019t|], no"_s;
-    QTest::newRow("closing quote") << u"the '[quoted|]' one"_s;
-    QTest::newRow("accents and marks") << u"[est|a\u0301] bien"_s;
-    QTest::newRow("beyond the basic plane") << u"x [\U00010437|\U00010437] y"_s;
-    QTest::newRow("right to left") << u"\u05d0\u05d1 [\u05d2|\u05d3] \u05d4"_s;
-}
-
 void TstEditor::formatting_takes_the_word()
 {
-    QFETCH(const QString, marked);
-    const QString text = QString(marked).remove(u'[').remove(u']').remove(u'|');
-    const int place = int(QString(marked).remove(u'[').remove(u']').indexOf(u'|'));
-    CustomTextEditor editor(std::nullopt);
-    editor.text_edit->setPlainText(text);
-    select(editor, place);
-    editor.bold_action->trigger();
+    // "|" cursor; the word that is taken stands in brackets
+    for (const QString &marked :
+         {u"one [t|wo] three"_s, u"one [|two] three"_s, u"one [two|] three"_s, u"[one|], two"_s, u"one,| two"_s,
+          u"one | two"_s, u"one -|-- two"_s, u"|"_s, u"I [do|n't] know"_s, u"I [don'|t] know"_s, u"I [don|'t] know"_s,
+          u"I [don\u2019t|], no"_s, u"the '[quoted|]' one"_s, u"[est|a\u0301] bien"_s, u"x [\U00010437|\U00010437] y"_s,
+          u"\u05d0\u05d1 [\u05d2|\u05d3] \u05d4"_s}) {
+        const QString without_cursor = QString(marked).remove(u'|');
+        const int place = int(QString(marked).remove(u'[').remove(u']').indexOf(u'|'));
+        CustomTextEditor editor(std::nullopt);
+        editor.text_edit->setPlainText(QString(without_cursor).remove(u'[').remove(u']'));
+        select(editor, place);
+        editor.bold_action->trigger();
+        QCOMPARE(editor.text_edit->textCursor().position(), place);
+        QVERIFY(!editor.text_edit->textCursor().hasSelection());
 
-    QString found;
-    bool is_bold = false;
-    QTextCursor cursor(editor.text_edit->document());
-    for (int i = 0; i <= text.size(); ++i) {
-        cursor.setPosition(qMin(i + 1, int(text.size())));
-        const bool next_is_bold = i < text.size() && cursor.charFormat().fontWeight() == QFont::Bold;
-        if (is_bold && !next_is_bold)
-            found += (i == place ? u"|]"_s : u"]"_s);
-        else if (!is_bold && next_is_bold)
-            found += (i == place ? u"[|"_s : u"["_s);
-        else if (i == place)
-            found += u'|';
-        is_bold = next_is_bold;
-        found += text.mid(i, 1);
+        QString found;
+        const QTextBlock block = editor.text_edit->document()->firstBlock();
+        for (auto fragment = block.begin(); !fragment.atEnd(); ++fragment) {
+            const bool is_bold = fragment.fragment().charFormat().fontWeight() == QFont::Bold;
+            found += (is_bold ? u"[%1]"_s : u"%1"_s).arg(fragment.fragment().text());
+        }
+        QCOMPARE(found, without_cursor);
+        editor.text_edit->insertPlainText(u"x"_s);
+        QCOMPARE(editor.text_edit->textCursor().charFormat().fontWeight(), int(QFont::Bold));
     }
-    QCOMPARE(found, marked);
-    QCOMPARE(editor.text_edit->textCursor().position(), place);
-    QVERIFY(!editor.text_edit->textCursor().hasSelection());
-    editor.text_edit->insertPlainText(u"x"_s);
-    QCOMPARE(editor.text_edit->textCursor().charFormat().fontWeight(), int(QFont::Bold));
 }
 
 void TstEditor::formatting_merges_and_clears()
@@ -685,42 +677,31 @@ void TstEditor::formatting_merges_and_clears()
     editor.set_bold();
 }
 
-void TstEditor::font_size_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<double>("points"); // 0: refused
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("whole") << u"14"_s << 14.0 << u"14"_s;
-    QTest::newRow("surrounded by blanks") << u" 16 "_s << 16.0 << u"16"_s;
-    QTest::newRow("fraction") << u"10.5"_s << 10.5 << QString();
-    for (const QString &wrong : {u""_s, u"abc"_s, u"12pt"_s, u"nan"_s, u"inf"_s, u"1e400"_s, u"0"_s, u"-3"_s})
-        QTest::newRow(qPrintable(u"refused: "_s + wrong)) << wrong << 0.0 << u"12"_s;
-}
-
 void TstEditor::font_size()
 {
-    QFETCH(const QString, typed);
-    QFETCH(const double, points);
-    QFETCH(const QString, shown);
-    Window window;
-    CustomTextEditor &editor = *window.editors.first();
-    editor.text_edit->setPlainText(u"word"_s);
-    zoom_button(editor, u"+"_s)->setFocus();
-    const QString before = editor.get_html_content();
-    if (points == 0)
-        QTest::ignoreMessage(QtWarningMsg, "The font size is no positive number: no format applied");
-    QCOMPARE(test_support::standard_output_of([&] { editor.set_font_size(typed); }),
-             u"Change font size "_s + typed + u'\n');
-    QCOMPARE(editor.text_edit->hasFocus(), points != 0);
-    QCOMPARE(editor.get_html_content() == before, points == 0);
-    QCOMPARE(editor.text_edit->textCursor().charFormat().fontPointSize(), points);
-    editor.update_font_combos();
-    if (!shown.isEmpty())
-        QCOMPARE(editor.font_size_combo->currentText(), shown);
-    if (points == 0)
-        QTest::ignoreMessage(QtWarningMsg, "The font size is no positive number: no format applied");
-    QCOMPARE(test_support::standard_output_of([&] { editor.set_font_size(points); }),
-             u"Change font size "_s + QString::number(points) + u'\n');
+    const QPair<QString, double> sizes[] = {{u"14"_s, 14},   {u" 16 "_s, 16}, {u"10.5"_s, 10.5}, {QString(), 0},
+                                            {u"abc"_s, 0},   {u"12pt"_s, 0},  {u"nan"_s, 0},     {u"inf"_s, 0},
+                                            {u"1e400"_s, 0}, {u"0"_s, 0},     {u"-3"_s, 0}};
+    for (const auto &[typed, points] : sizes) { // 0: refused
+        Window window;
+        CustomTextEditor &editor = *window.editors.first();
+        editor.text_edit->setPlainText(u"word"_s);
+        zoom_button(editor, u"+"_s)->setFocus();
+        const QString before = editor.get_html_content();
+        const auto expect_refusal = [refused = points == 0] {
+            if (refused)
+                QTest::ignoreMessage(QtWarningMsg, "The font size is no positive number: no format applied");
+        };
+        expect_refusal();
+        const QString line = test_support::standard_output_of([&, text = typed] { editor.set_font_size(text); });
+        QCOMPARE(line, u"Change font size "_s + typed + u'\n');
+        QCOMPARE(editor.text_edit->hasFocus(), points != 0);
+        QCOMPARE(editor.get_html_content() == before, points == 0);
+        QCOMPARE(editor.text_edit->textCursor().charFormat().fontPointSize(), points);
+        expect_refusal();
+        const QString again = test_support::standard_output_of([&, size = points] { editor.set_font_size(size); });
+        QCOMPARE(again, u"Change font size "_s + QString::number(points) + u'\n');
+    }
 }
 
 void TstEditor::paragraph_formatting()
@@ -804,6 +785,12 @@ void TstEditor::pasting_plain_text()
     QCOMPARE(editor.get_text_content(), u"itarichlic"_s);
     QVERIFY(editor.text_edit->fontItalic() && editor.text_edit->fontWeight() == QFont::Normal);
 
+    auto *only_rich = new QMimeData;
+    only_rich->setHtml(u"<b>!</b>"_s);
+    QApplication::clipboard()->setMimeData(only_rich);
+    editor.paste_plain_text();
+    QVERIFY(editor.text_edit->fontItalic() && editor.text_edit->fontWeight() == QFont::Normal);
+
     editor.text_edit->selectAll();
     auto *no_text = new QMimeData;
     no_text->setImageData(QImage(4, 4, QImage::Format_RGB32));
@@ -812,7 +799,7 @@ void TstEditor::pasting_plain_text()
     QApplication::clipboard()->clear();
     editor.paste_plain_text();
     item(editor, u"Paste"_s)->trigger();
-    QCOMPARE(editor.get_text_content(), u"itarichlic"_s);
+    QCOMPARE(editor.get_text_content(), u"itarich!lic"_s);
 }
 
 void TstEditor::theme_changes_at_run_time()
@@ -883,17 +870,18 @@ void TstEditor::prints_unzoomed_to_a_file()
     Window window;
     CustomTextEditor &editor = *window.editors.first();
     editor.set_text_content(u"Some wrods that fill a line of teh page, and then another one.\n"_s.repeated(60));
-    QList<qsizetype> pages;
-    for (const int percent : {100, 190}) {
-        const QString file = directory.filePath(QString::number(percent) + u".pdf"_s);
-        editor.set_zoom_percent(percent);
-        editor.check_spelling();
-        print_to(file);
-        item(editor, u"Print"_s)->trigger();
-        pages += page_count(file);
-    }
-    QVERIFY(pages[0] > 1);
-    QCOMPARE(pages[1], pages[0]);
+    const QString plain = directory.filePath(u"plain.pdf"_s);
+    const QString zoomed = directory.filePath(u"zoomed and checked.pdf"_s);
+    print_to(plain);
+    item(editor, u"Print"_s)->trigger();
+    QVERIFY(page_count(plain) > 1);
+
+    editor.set_zoom_percent(190);
+    editor.check_spelling();
+    print_to(zoomed);
+    item(editor, u"Print"_s)->trigger();
+    QCOMPARE(page_count(zoomed), page_count(plain));
+    QCOMPARE(QFileInfo(zoomed).size(), QFileInfo(plain).size()); // no underlines either
 
     test_support::answer_next_dialog([](QDialog *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
     editor.print_document();

@@ -193,8 +193,8 @@ private:
 
     QPointer<DocumentStatistics> m_statistics; // belongs to the document
     bool m_counts_selection = false; // the statistics line shows those of a selection
-    double m_zoomed_points = 0;      // what zooming has added to the size of the text area's font
-    double m_zoomed_size = 0;        // that size after the last zoom step
+    QFont m_unzoomed_font;           // the text area's, before zooming
+    double m_zoomed_size = 0;        // its size in points after the last zoom step
 };
 
 } // namespace my_classes

@@ -3,7 +3,9 @@
 
 #include <my_classes/custom_text_editor.h>
 
+#include <QtCore/QMimeData>
 #include <QtGui/QClipboard>
+#include <QtGui/QTextDocumentFragment>
 #include <QtWidgets/QApplication>
 
 namespace my_classes {
@@ -62,7 +64,10 @@ void CustomTextEditor::replace_selected_text(const QString &text)
 
 void CustomTextEditor::paste_plain_text()
 {
-    const QString text = QApplication::clipboard()->text();
+    const QMimeData *content = QApplication::clipboard()->mimeData();
+    QString text = QApplication::clipboard()->text();
+    if (text.isEmpty() && content && content->hasHtml()) // some programs offer nothing else
+        text = QTextDocumentFragment::fromHtml(content->html()).toPlainText();
     if (!text.isEmpty())
         text_edit->insertPlainText(text);
 }

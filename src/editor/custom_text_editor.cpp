@@ -89,7 +89,11 @@ void CustomTextEditor::create_text_area(QBoxLayout *column)
     connect(text_edit, &QTextEdit::textChanged, this, &CustomTextEditor::count_words);
     connect(text_edit, &QTextEdit::selectionChanged, this, &CustomTextEditor::selection_changed);
     connect(text_edit, &QTextEdit::cursorPositionChanged, this, &CustomTextEditor::follow_undo);
-    connect(text_edit, &QTextEdit::textChanged, this, &CustomTextEditor::follow_undo, Qt::QueuedConnection);
+    const auto follow = [this] {
+        follow_undo();
+        update_format_buttons();
+    };
+    connect(text_edit, &QTextEdit::textChanged, this, follow, Qt::QueuedConnection);
     column->addWidget(text_edit);
     m_statistics = new DocumentStatistics(text_edit->document());
     new EmbeddedPictures(text_edit->document());

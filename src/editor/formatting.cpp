@@ -225,7 +225,6 @@ void CustomTextEditor::follow_undo()
 {
     if (m_counts_selection && !text_edit->textCursor().hasSelection())
         selection_changed();
-    update_format_buttons();
 }
 
 bool CustomTextEditor::has_selected_text() const

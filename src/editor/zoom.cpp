@@ -5,6 +5,7 @@
 
 #include <my_classes/custom_text_editor.h>
 
+#include <QtGui/QFontInfo>
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QLabel>
 
@@ -62,23 +63,29 @@ void CustomTextEditor::wheel_event(QWheelEvent *event)
 
 void CustomTextEditor::zoom_by(int points)
 {
-    const double before = text_edit->font().pointSizeF();
-    if (!qFuzzyCompare(before, m_zoomed_size))
-        m_zoomed_points = 0; // the host has set a font since
+    QFont font = text_edit->font();
+    if (!qFuzzyCompare(font.pointSizeF(), m_zoomed_size))
+        m_unzoomed_font = font;                // the first step, or the host has set a font since
+    if (points != 0 && font.pixelSize() > 0) { // Qt zooms points only
+        font.setPointSizeF(QFontInfo(font).pointSizeF());
+        text_edit->setFont(font);
+    }
     if (points > 0)
         text_edit->zoomIn(points);
     else
         text_edit->zoomOut(-points);
     m_zoomed_size = text_edit->font().pointSizeF();
-    m_zoomed_points += m_zoomed_size - before;
 }
 
 QFont CustomTextEditor::unzoomed_font() const
 {
     QFont font = text_edit->document()->defaultFont();
-    const double size = font.pointSizeF();
-    if (!qFuzzyIsNull(m_zoomed_points) && qFuzzyCompare(size, m_zoomed_size) && size > m_zoomed_points)
-        font.setPointSizeF(size - m_zoomed_points);
+    if (!qFuzzyCompare(font.pointSizeF(), m_zoomed_size))
+        return font;
+    if (m_unzoomed_font.pixelSize() > 0)
+        font.setPixelSize(m_unzoomed_font.pixelSize());
+    else
+        font.setPointSizeF(m_unzoomed_font.pointSizeF());
     return font;
 }
 
