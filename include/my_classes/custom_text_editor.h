@@ -192,9 +192,9 @@ private:
     void insert_list(QTextListFormat::Style style);
 
     QPointer<DocumentStatistics> m_statistics; // belongs to the document
-    bool m_counts_selection = false; // the statistics line shows those of a selection
-    QFont m_unzoomed_font;           // the text area's, before zooming
-    double m_zoomed_size = 0;        // its size in points after the last zoom step
+    bool m_counts_selection = false;           // the statistics line shows those of a selection
+    QFont m_unzoomed_font;                     // the text area's, before zooming
+    double m_zoomed_size = 0;                  // its size in points after the last zoom step
 };
 
 } // namespace my_classes
