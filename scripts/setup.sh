@@ -9,6 +9,7 @@ build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libenchant-2-dev h
 headless_packages=(xvfb openbox xdotool imagemagick) # an X server without a screen, and hands and eyes for it
 test_packages=(hunspell-es openssl)
 ci_packages=(git clang clang-format)
+bench_packages=(nginx-light curl python3)
 
 # What stands for the packages on a system that has other ones: commands and pkg-config modules.
 build_commands=(cmake ninja c++ pkg-config)
@@ -16,6 +17,7 @@ build_modules=(Qt6PrintSupport enchant-2)
 headless_commands=(Xvfb openbox xdotool import)
 test_commands=(openssl)
 ci_commands=(git clang++ clang-format)
+bench_commands=(nginx curl python3)
 
 as_root() {
     if [[ $EUID -eq 0 ]]; then
@@ -25,7 +27,7 @@ as_root() {
     fi
 }
 
-# need GROUP...: installs what the groups (build, headless, test, ci) lack. Quick when that is nothing.
+# need GROUP...: installs what the groups (build, headless, test, ci, bench) lack. Quick when that is nothing.
 need() {
     local group list missing=()
     if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
