@@ -10,6 +10,7 @@
 #include <my_classes/custom_highlighter.h>
 #include <my_classes/custom_text_editor.h>
 
+#include <QtCore/QSignalBlocker>
 #include <QtGui/QAction>
 #include <QtGui/QShortcut>
 #include <QtWidgets/QComboBox>
@@ -95,11 +96,14 @@ void CustomTextEditor::create_text_area(QBoxLayout *column)
     };
     connect(text_edit, &QTextEdit::textChanged, this, follow, Qt::QueuedConnection);
     column->addWidget(text_edit);
+    spellchecker = std::make_unique<my_spellchecker::MySpellChecker>(lang);
+    {
+        const QSignalBlocker quiet(text_edit);
+        highlighter = new CustomHighlighter(text_edit->document());
+    }
+    // Hears of a new text after the highlighter: that one makes the paragraphs' layouts, which are best made together.
     m_statistics = new DocumentStatistics(text_edit->document());
     new EmbeddedPictures(text_edit->document());
-
-    spellchecker = std::make_unique<my_spellchecker::MySpellChecker>(lang);
-    highlighter = new CustomHighlighter(text_edit->document());
     highlighter->setParent(this); // it outlives a document that the host replaces
     text_edit->setAutoFillBackground(true);
     apply_window_colour();
