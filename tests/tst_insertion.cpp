@@ -42,6 +42,24 @@ void accept(QDialog *dialog)
     QTest::keyClick(dialog, Qt::Key_Return);
 }
 
+Answer choose(const QString &path)
+{
+    return [=](QDialog *dialog) {
+        auto *name = dialog->findChild<QLineEdit *>(u"fileNameEdit"_s);
+        name->setText(path);
+        QTest::keyClick(name, Qt::Key_Return);
+    };
+}
+
+void answer_dialogs(const QList<Answer> &answers)
+{
+    if (!answers.isEmpty())
+        answer_next_dialog([=](QDialog *dialog) {
+            answer_dialogs(answers.mid(1));
+            answers.constFirst()(dialog);
+        });
+}
+
 /// An editor in a window, driven by its tool bar.
 struct Editor : my_classes::CustomTextEditor
 {
@@ -57,24 +75,15 @@ struct Editor : my_classes::CustomTextEditor
         show();
     }
 
-    void trigger(const QString &text)
+    /// Triggers an action; its dialogs, one after the other, are answered.
+    void trigger(const QString &text, const QList<Answer> &answers = {})
     {
+        answer_dialogs(answers);
         for (QAction *action : toolbar->actions()) {
             if (action->text() == text)
                 return action->trigger();
         }
         QFAIL("no such action");
-    }
-
-    void insert_image(const QString &path, const Answer &answer)
-    {
-        answer_next_dialog([=](QDialog *dialog) {
-            answer_next_dialog(answer);
-            auto *name = dialog->findChild<QLineEdit *>(u"fileNameEdit"_s);
-            name->setText(path);
-            QTest::keyClick(name, Qt::Key_Return);
-        });
-        trigger(u"Insert Image"_s);
     }
 
     QTextImageFormat image() const
@@ -110,7 +119,6 @@ private Q_SLOTS:
     void tables();
     void pictures_data();
     void pictures();
-    void unreadable_pictures();
     void a_large_photograph();
     void dialogs_are_left();
 
@@ -127,6 +135,15 @@ void TstInsertion::initTestCase()
         picture.setPixel(i % 64, i / 64, qRgba(i % 64 / 8 * 32, i / 512 * 32, 90, i % 64 < 32 ? 255 : 0));
     for (const QString &name : {u"a.png"_s, u"a.jpg"_s, u"a.xpm"_s})
         QVERIFY(picture.save(file(name)));
+    const auto write = [this](const QString &name, const QByteArray &contents) {
+        QFile bad(file(name));
+        QVERIFY(bad.open(QIODevice::WriteOnly) && bad.write(contents) == contents.size());
+    };
+    QFile whole(file(u"a.jpg"_s));
+    QVERIFY(whole.open(QIODevice::ReadOnly));
+    write(u"truncated.jpg"_s, whole.read(whole.size() / 4));
+    write(u"empty.jpg"_s, {});
+    write(u"spoilt.jpg"_s, "/* XPM */ static char *a[]={\"2 2 1 1\",\"x\",\"xx\",\"xx\"};");
 }
 
 void TstInsertion::lists_data()
@@ -189,8 +206,7 @@ void TstInsertion::tables()
     QFETCH(QSize, cells);
     Editor editor(u"before selected after"_s, 7, 16);
     const QString before = editor.get_html_content();
-    answer_next_dialog(sizes(rows, columns));
-    editor.trigger(u"Insert Table"_s);
+    editor.trigger(u"Insert Table"_s, {sizes(rows, columns)});
     QVERIFY(!QGuiApplication::overrideCursor());
     const QString cell = u"<td contenteditable='true' style='border: 1px solid black; min-width: 200px; "
                          "min-height: 30px; padding: 8px;'></td>"_s;
@@ -213,8 +229,10 @@ void TstInsertion::pictures_data()
     QTest::addColumn<QSize>("scaled"); // invalid: the document stays as it was
     QTest::newRow("as it is") << u"a.png"_s << u"64"_s << u"48"_s << QSize(64, 48);
     QTest::newRow("stretched") << u"a.jpg"_s << u"0320"_s << u"100"_s << QSize(320, 100);
-    QTest::newRow("width emptied") << u"a.xpm"_s << QString() << u"20"_s << QSize(64, 48);
+    QTest::newRow("width emptied") << u"a.xpm"_s << u""_s << u"20"_s << QSize(64, 48);
     QTest::newRow("nothing to show") << u"a.png"_s << u"0"_s << u"20"_s << QSize(0, 0);
+    for (const QString &name : {u"truncated.jpg"_s, u"empty.jpg"_s, u"spoilt.jpg"_s})
+        QTest::newRow(qPrintable(name)) << name << QString() << QString() << QSize(0, 0); // as offered: 0 by 0
     QTest::newRow("too many pixels") << u"a.png"_s << u"100000"_s << u"100000"_s << QSize();
     QTest::newRow("too long") << u"a.png"_s << u"1"_s << u"2000000"_s << QSize();
     QTest::newRow("beyond integers") << u"a.png"_s << u"99999999999999999999"_s << QString() << QSize();
@@ -226,12 +244,11 @@ void TstInsertion::pictures()
     QFETCH(QString, width);
     QFETCH(QString, height);
     QFETCH(QSize, scaled);
-    const QImage original(file(name));
     Editor editor(u"text"_s);
     const QString before = editor.get_html_content();
 
-    editor.insert_image(file(name), sizes(width, height));
-
+    const Answer answer = width.isNull() ? accept : sizes(width, height);
+    editor.trigger(u"Insert Image"_s, {choose(file(name)), answer});
     if (!scaled.isValid()) {
         QVERIFY(editor.has_undone(before, false));
         return;
@@ -241,7 +258,7 @@ void TstInsertion::pictures()
     const QByteArray source = editor.image().name().toLatin1();
     QVERIFY(source.startsWith("data:image/png;base64,"));
     const QImage embedded = QImage::fromData(QByteArray::fromBase64(source.mid(source.indexOf(',') + 1)), "PNG");
-    const QImage expected = scaled.isEmpty() ? QImage() : original.scaled(scaled);
+    const QImage expected = scaled.isEmpty() ? QImage() : QImage(file(name)).scaled(scaled);
     QCOMPARE(embedded.convertToFormat(QImage::Format_ARGB32), expected.convertToFormat(QImage::Format_ARGB32));
     Editor fresh;
     fresh.set_html_content(editor.get_html_content());
@@ -257,32 +274,13 @@ void TstInsertion::pictures()
     QVERIFY(editor.has_undone(before));
 }
 
-void TstInsertion::unreadable_pictures()
-{
-    QFile whole(file(u"a.jpg"_s));
-    QVERIFY(whole.open(QIODevice::ReadOnly));
-    const QByteArray truncated = whole.read(whole.size() / 4);
-    const QByteArray spoilt("/* XPM */ static char *a[]={\"2 2 1 1\",\"x\",\"xx\",\"xx\"};");
-    for (const QByteArray &contents : {QByteArray(), QByteArray("text"), truncated, spoilt}) {
-        QFile bad(file(u"bad.jpg"_s));
-        QVERIFY(bad.open(QIODevice::WriteOnly) && bad.write(contents) == contents.size());
-        bad.close();
-        Editor editor;
-        editor.insert_image(bad.fileName(), accept);
-        QCOMPARE(QSizeF(editor.image().width(), editor.image().height()), QSizeF(0, 0));
-        QCOMPARE(editor.image().name(), u"data:image/png;base64,"_s);
-        editor.set_html_content(editor.get_html_content());
-        editor.text_edit->viewport()->grab();
-    }
-}
-
 void TstInsertion::a_large_photograph()
 {
     QImage photograph(8000, 6000, QImage::Format_Grayscale8); // more than Qt's decoders take by default
     photograph.fill(90);
     QVERIFY(photograph.save(file(u"large.jpg"_s)));
     Editor editor;
-    editor.insert_image(file(u"large.jpg"_s), accept);
+    editor.trigger(u"Insert Image"_s, {choose(file(u"large.jpg"_s)), accept});
     QCOMPARE(editor.image().width(), 8000);
     editor.set_html_content(editor.get_html_content());
     const QImage seen = editor.text_edit->viewport()->grab().toImage();
@@ -291,26 +289,25 @@ void TstInsertion::a_large_photograph()
 
 void TstInsertion::dialogs_are_left()
 {
-    for (const QString &dialog : {u"Insert Table"_s, u"Insert Image"_s, u"size of an image"_s}) {
-        for (const bool dies : {false, true}) { // by Escape, or the editor is deleted
-            const QPointer<Editor> editor = new Editor;
+    for (const bool dies : {false, true}) { // by Escape, or the editor is deleted
+        QPointer<Editor> editor;
+        const Answer leave = [&](QDialog *dialog) {
+            if (dies)
+                delete editor;
+            else
+                QTest::keyClick(dialog->findChild<QLineEdit *>(), Qt::Key_Escape);
+        };
+        const auto try_it = [&](const QString &action, const QList<Answer> &answers) {
+            editor = new Editor;
             const QString before = editor->get_html_content();
-            const Answer leave = [&](QDialog *shown) {
-                if (dies)
-                    delete editor;
-                else
-                    QTest::keyClick(shown->findChild<QLineEdit *>(), Qt::Key_Escape);
-            };
-            if (dialog.startsWith(u"Insert"_s)) {
-                answer_next_dialog(leave);
-                editor->trigger(dialog);
-            } else {
-                editor->insert_image(file(u"a.png"_s), leave);
-            }
+            editor->trigger(action, answers);
             QVERIFY(!QApplication::activeModalWidget());
             QVERIFY(dies ? !editor : editor->has_undone(before, false));
             delete editor;
-        }
+        };
+        try_it(u"Insert Table"_s, {leave});
+        try_it(u"Insert Image"_s, {leave});
+        try_it(u"Insert Image"_s, {choose(file(u"a.png"_s)), leave});
     }
 }
 
