@@ -219,9 +219,9 @@ void TstSearch::same_as_step_by_step()
     };
 
     int compared = 0;
-    for (int i = 0; i < 250; ++i) {
+    for (int i = 0; i < 300; ++i) {
         QString document;
-        for (int words = random.bounded(12); words >= 0; --words)
+        for (int words = random.bounded(24); words >= 0; --words)
             document += any_of(alphabet);
         Reference wanted;
         QTextEdit area;
@@ -272,7 +272,7 @@ void TstSearch::same_as_step_by_step()
         QVERIFY2(area.toPlainText() == before, what);
         ++compared;
     }
-    QVERIFY(compared > 125);
+    QVERIFY(compared > 150);
 }
 
 void TstSearch::keeps_up_with_the_document()
