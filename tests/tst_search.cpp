@@ -181,7 +181,6 @@ private Q_SLOTS:
     void keeps_up_with_the_document();
     void from_the_editor_by_keys_and_mouse();
     void replace_all_can_be_left();
-    void runaway_pattern_has_no_matches();
     void survives_deletion();
 };
 
@@ -378,10 +377,8 @@ void TstSearch::replace_all_can_be_left()
                 stop = button->text() == u"Stop"_s ? button : stop;
             if (stop)
                 texts.append(area.toPlainText());
-            if (stop && (texts.size() == 4 || qobject_cast<QProgressDialog *>(shown)))
+            if (stop && (texts.size() == 3 || qobject_cast<QProgressDialog *>(shown)))
                 QTest::mouseClick(stop, Qt::LeftButton);
-            else if (stop && texts.size() == 3)
-                shown->close(); // goes on, as the keys do
             else
                 QTest::keyClick(shown, texts.size() == 2 ? Qt::Key_Escape : Qt::Key_Return);
         });
@@ -393,22 +390,11 @@ void TstSearch::replace_all_can_be_left()
         QCOMPARE(seen.count(u"finding next..."_s), count);
         QCOMPARE(area.toPlainText().size(), 3 + count * (replacement.size() - 1));
         if (replacement == u"aa"_s)
-            QCOMPARE(texts, QStringList({u"aa b"_s, u"aaa b"_s, u"aaaa b"_s, u"aaaaa b"_s}));
+            QCOMPARE(texts, QStringList({u"aa b"_s, u"aaa b"_s, u"aaaa b"_s}));
         else
             QVERIFY(texts.size() == 1 && texts.constFirst().size() > 3);
         area.undo();
         QCOMPARE(area.toPlainText(), u"a b"_s);
-    }
-}
-
-void TstSearch::runaway_pattern_has_no_matches()
-{
-    QTextEdit area(QString(20'000, u'a') + u'!');
-    SearchDialog dialog(&area);
-    const Answers answers;
-    for (const QString &pattern : {u"(a|aa)+$"_s, u"(.*)*x"_s}) {
-        dialog.search_input->setText(pattern);
-        QCOMPARE(trace_of([&] { dialog.find_next(); }), u"finding next...\nbox: Search: No matches found!\n"_s);
     }
 }
 
