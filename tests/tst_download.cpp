@@ -8,18 +8,15 @@
 #include <my_classes/file_downloader.h>
 
 #include <QtCore/QElapsedTimer>
-#include <QtCore/QMutex>
 #include <QtCore/QPointer>
-#include <QtCore/QProcess>
 #include <QtCore/QRandomGenerator>
-#include <QtNetwork/QSslKey>
-#include <QtNetwork/QSslServer>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QProgressBar>
 #include <QtWidgets/QPushButton>
 
+#include <array>
+#include <atomic>
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -36,11 +33,10 @@ QByteArray content_of(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
 }
 
-QByteArray noise(qsizetype size)
+QByteArray noise(qsizetype words)
 {
-    QByteArray bytes(size, Qt::Uninitialized);
-    QRandomGenerator random(1);
-    std::generate(bytes.begin(), bytes.end(), [&random] { return char(random.generate()); });
+    QByteArray bytes(words * 4, Qt::Uninitialized);
+    QRandomGenerator(1).fillRange(reinterpret_cast<quint32 *>(bytes.data()), words);
     return bytes;
 }
 
@@ -49,9 +45,9 @@ qsizetype entries(const QString &directory)
     return QDir(directory).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size();
 }
 
-QProgressBar *bar_of(const DownloadDialog &dialog)
+void click_button(DownloadDialog &dialog)
 {
-    return dialog.findChild<QProgressBar *>();
+    QTest::mouseClick(dialog.findChild<QPushButton *>(), Qt::LeftButton);
 }
 
 } // namespace
@@ -64,21 +60,14 @@ private Q_SLOTS:
     void init();
     void outcome_data();
     void outcome();
-    void untrusted_certificate();
     void progress_is_truncated();
-    void slow_disk_holds_the_server_back_data();
     void slow_disk_holds_the_server_back();
-    void cancelled_before_start_is_forgotten();
+    void cancel_counts_only_while_it_downloads();
     void cancelled_at_any_moment();
-    void cancelled_after_the_end();
-    void destroyed_at_any_moment();
     void nothing_is_left_over();
 
     void dialog_success();
-    void dialog_failure_is_seen_for_ten_seconds();
-    void dialog_failure_before_it_is_shown();
-    void dialog_cancel_data();
-    void dialog_cancel();
+    void dialog_failure();
     void dialog_cancelled_at_any_moment();
     void dialog_destroyed_at_any_moment();
 
@@ -87,7 +76,7 @@ private:
 
     std::unique_ptr<QTemporaryDir> m_directory;
     HttpServer m_server;
-    const QByteArray m_body = noise(3'000'000);
+    const QByteArray m_body = noise(750'000);
 };
 
 void TstDownload::init()
@@ -97,7 +86,6 @@ void TstDownload::init()
     m_server.answers = {
         {"/whole", HttpServer::status("200 OK", m_body)},
         {"/drip", HttpServer::drip(m_body, 20, 2)},
-        {"/stalled", HttpServer::raw(HttpServer::header("200 OK", "Content-Length: 9\r\n") + "half", false)},
         {"/missing", HttpServer::status("404 Not Found", "no such page")},
     };
 }
@@ -105,75 +93,57 @@ void TstDownload::init()
 void TstDownload::outcome_data()
 {
     QTest::addColumn<HttpServer::Answer>("answer");
-    QTest::addColumn<QString>("url");  // empty: that of the answer
-    QTest::addColumn<QString>("path"); // empty: a new file
     QTest::addColumn<bool>("success");
-    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QByteArray>("content"); // of the file; a failed transfer may lack the end
     QTest::addColumn<bool>("progress");
+    QTest::addColumn<QString>("url");
+    QTest::addColumn<QString>("path");
 
-    const auto served = [](const char *name, const HttpServer::Answer &answer, bool success, const QByteArray &content,
-                           bool progress) {
-        QTest::newRow(name) << answer << QString() << QString() << success << content << progress;
+    const auto row = [this](const char *name, const HttpServer::Answer &answer, bool success, const QByteArray &content,
+                            bool progress, const QString &url = {}, const QString &path = {}) {
+        QTest::newRow(name) << answer << success << content << progress
+                            << (url.isNull() ? m_server.url("/answer") : url) << path;
     };
     const QByteArray ok = "200 OK";
     const QByteArray length = "Content-Length: " + QByteArray::number(m_body.size()) + "\r\n";
     const QByteArray half = m_body.left(m_body.size() / 2);
+    const QByteArray large(8'000'000, 'x');
+    const QByteArray deflate = "Content-Encoding: deflate\r\n";
     const QByteArray chunked = HttpServer::header(ok, "Transfer-Encoding: chunked\r\n") +
                                QByteArray::number(m_body.size(), 16) + "\r\n" + m_body + "\r\n0\r\n\r\n";
-    served("whole", HttpServer::status(ok, m_body), true, m_body, true);
-    served("slow drip", HttpServer::drip(m_body, 20, 20), true, m_body, true);
-    served("empty", HttpServer::status(ok), true, "", false);
-    served("no length", HttpServer::raw(HttpServer::header(ok, "") + m_body, true), true, m_body, false);
-    served("chunked", HttpServer::raw(chunked, false), true, m_body, false);
-    served("compressed", HttpServer::status(ok, qCompress(m_body).mid(4), "Content-Encoding: deflate\r\n"), true,
-           m_body, false);
-    const QByteArray large(8'000'000, 'x');
-    served("compressed strongly", HttpServer::status(ok, qCompress(large).mid(4), "Content-Encoding: deflate\r\n"),
-           true, large, false);
-    served("closed half way", HttpServer::raw(HttpServer::header(ok, length) + half, true), false, half, true);
-    served("closed before the body", HttpServer::raw(HttpServer::header(ok, length), true), false, "", true);
-    // Qt sees no error in this one; it is the deterministic case of what it may overlook in the two above.
-    served("ends before an announced body", HttpServer::raw(HttpServer::header("204 No Content", length), false), false,
-           "", true);
-    served("length too small", HttpServer::raw(HttpServer::header(ok, "Content-Length: 3\r\n") + "four", false), true,
-           "fou", true);
-    served("404 with a body", HttpServer::status("404 Not Found", "no such page"), false, "no such page", true);
-    served("500", HttpServer::status("500 Internal Server Error"), false, "", false);
-    served("redirect", HttpServer::status("302 Found", "not this", "Location: /whole\r\n"), true, m_body, true);
-    served("redirect loop", HttpServer::status("302 Found", "", "Location: /answer\r\n"), false, "", false);
-    served("no HTTP", HttpServer::raw("hello", true), false, "", false);
-
-    const auto local = [this](const char *name, const QString &url, const QString &path) {
-        QTest::newRow(name) << HttpServer::status("200 OK", m_body) << url << path << false
-                            << QByteArray(path.isEmpty() ? "" : "no file") << false;
-    };
-    QTcpServer closed;
-    closed.listen(QHostAddress::LocalHost);
-    local("refused", u"http://127.0.0.1:%1/"_s.arg(closed.serverPort()), {});
-    local("unknown scheme", u"nothing://127.0.0.1/"_s, {});
-    local("empty URL", u" "_s, {});
-    local("no such folder", {}, u"/no/such/folder/file"_s);
-    local("a directory", {}, u"/"_s);
-    QTest::newRow("full disk") << HttpServer::status("200 OK", m_body) << QString() << u"/dev/full"_s << false
-                               << QByteArray() << true;
+    const HttpServer::Answer whole = HttpServer::status(ok, m_body);
+    row("whole", whole, true, m_body, true);
+    row("empty", HttpServer::status(ok), true, "", false);
+    row("no length", HttpServer::raw(HttpServer::header(ok, "") + m_body, true), true, m_body, false);
+    row("chunked", HttpServer::raw(chunked, false), true, m_body, false);
+    row("compressed", HttpServer::status(ok, qCompress(m_body).mid(4), deflate), true, m_body, false);
+    row("compressed strongly", HttpServer::status(ok, qCompress(large).mid(4), deflate), true, large, false);
+    row("closed half way", HttpServer::raw(HttpServer::header(ok, length) + half, true), false, half, true);
+    // Qt sees no error in this one, as it sometimes does not when the connection is closed half way.
+    row("no body", HttpServer::raw(HttpServer::header("204 No Content", length), false), false, "", true);
+    row("404", HttpServer::status("404 Not Found", "no such page"), false, "no such page", true);
+    row("redirect", HttpServer::status("302 Found", "not this", "Location: /whole\r\n"), true, m_body, true);
+    row("unknown scheme", whole, false, "", false, u"nothing://127.0.0.1/"_s);
+    row("empty URL", whole, false, "", false, u""_s);
+    row("no such folder", whole, false, "no file", false, {}, u"/no/such/folder/file"_s);
+    row("full disk", whole, false, "", true, {}, u"/dev/full"_s);
 }
 
 void TstDownload::outcome()
 {
     QFETCH(HttpServer::Answer, answer);
+    QFETCH(bool, success);
+    QFETCH(QByteArray, content);
     QFETCH(QString, url);
     QFETCH(QString, path);
-    QFETCH(bool, success);
-    QFETCH(QByteArray, content); // of a failed transfer Qt may hold back the end
     m_server.answers["/answer"] = answer;
     const QString file_path = path.isEmpty() ? target() : path;
 
-    FileDownloader downloader(url.isEmpty() ? m_server.url("/answer") : url.trimmed(), file_path);
+    FileDownloader downloader(url, file_path);
     QSignalSpy finished(&downloader, &FileDownloader::download_finished);
     QSignalSpy progress(&downloader, &FileDownloader::progress_updated);
     downloader.start();
     QTRY_COMPARE_WITH_TIMEOUT(finished.size(), 1, 20'000);
-
     QCOMPARE(finished[0][0].toBool(), success);
     if (path != u"/dev/full")
         QVERIFY(success ? content_of(file_path) == content : content.startsWith(content_of(file_path)));
@@ -181,56 +151,16 @@ void TstDownload::outcome()
     if (success && !progress.isEmpty())
         QCOMPARE(progress.last()[0].toInt(), 100);
     QVERIFY(!downloader.reply);
-    QTRY_COMPARE(downloader.isRunning(), path.isEmpty() || path == u"/dev/full"); // idles after a request
-}
-
-void TstDownload::untrusted_certificate()
-{
-    const QString key = m_directory->filePath(u"key"_s);
-    const QString certificate = m_directory->filePath(u"certificate"_s);
-    QCOMPARE(QProcess::execute(u"openssl"_s, {u"req"_s, u"-x509"_s, u"-newkey"_s, u"ec"_s, u"-pkeyopt"_s,
-                                              u"ec_paramgen_curve:prime256v1"_s, u"-nodes"_s, u"-batch"_s, u"-subj"_s,
-                                              u"/CN=127.0.0.1"_s, u"-keyout"_s, key, u"-out"_s, certificate}),
-             0);
-    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-    configuration.setPrivateKey(QSslKey(content_of(key), QSsl::Ec));
-    configuration.setLocalCertificate(QSslCertificate(content_of(certificate)));
-    QSslServer server;
-    server.setSslConfiguration(configuration);
-    QVERIFY(server.listen(QHostAddress::LocalHost));
-    QSignalSpy failed_handshake(&server, &QSslServer::errorOccurred);
-
-    FileDownloader downloader(u"https://127.0.0.1:%1/"_s.arg(server.serverPort()), target());
-    QSignalSpy finished(&downloader, &FileDownloader::download_finished);
-    downloader.start();
-    QTRY_COMPARE(finished.size(), 1);
-    QCOMPARE(finished[0][0].toBool(), false);
-    QTRY_VERIFY(!failed_handshake.isEmpty()); // it was the certificate, not a closed port
 }
 
 void TstDownload::progress_is_truncated()
 {
-    QTcpSocket *socket = nullptr;
-    m_server.answers["/parts"] = [&socket](QTcpSocket *asking) {
-        socket = asking;
-        socket->write(HttpServer::header("200 OK", "Content-Length: 1000\r\n"));
-    };
-    FileDownloader downloader(m_server.url("/parts"), target());
+    m_server.answers["/thirds"] = HttpServer::drip("abc", 3, 400); // Qt reports every 100 ms at most
+    FileDownloader downloader(m_server.url("/thirds"), target());
     QSignalSpy progress(&downloader, &FileDownloader::progress_updated);
     downloader.start();
-    QTRY_VERIFY(socket);
-    for (const auto &[bytes, percent] : {std::pair(512, 51), std::pair(487, 99), std::pair(1, 100)}) {
-        QTest::qWait(150); // Qt reports no sooner than 100 ms after its last report
-        socket->write(QByteArray(bytes, 'x'));
-        QTRY_VERIFY(!progress.isEmpty() && progress.last()[0].toInt() == percent);
-    }
-}
-
-void TstDownload::slow_disk_holds_the_server_back_data()
-{
-    QTest::addColumn<QByteArray>("path");
-    QTest::newRow("direct") << QByteArray("/large");
-    QTest::newRow("after a redirect") << QByteArray("/redirect");
+    QTRY_VERIFY(!progress.isEmpty() && progress.last()[0] == 100);
+    QCOMPARE(progress.first()[0].toInt(), 66);
 }
 
 void TstDownload::slow_disk_holds_the_server_back()
@@ -238,48 +168,55 @@ void TstDownload::slow_disk_holds_the_server_back()
     // The file is a pipe that the test empties slowly. What the server has sent ahead of it is in the memory of the
     // downloader or of the system's sockets, which take a few megabytes.
     constexpr qint64 k_size = 96'000'000;
-    QFETCH(QByteArray, path);
-    QTcpSocket *socket = nullptr;
+    QPointer<QTcpSocket> socket;
     m_server.answers["/redirect"] = HttpServer::status("302 Found", "", "Location: /large\r\n");
     m_server.answers["/large"] = [&socket](QTcpSocket *asking) {
         socket = asking;
-        socket->write(HttpServer::header("200 OK", "Content-Length: " + QByteArray::number(k_size) + "\r\n"));
-        socket->write(QByteArray(k_size, 'x'));
+        HttpServer::status("200 OK", QByteArray(k_size, 'x'))(socket);
     };
-    QCOMPARE(mkfifo(QFile::encodeName(target()).constData(), 0600), 0);
-    const int pipe = open(QFile::encodeName(target()).constData(), O_RDONLY | O_NONBLOCK);
-    FileDownloader downloader(m_server.url(path), target());
-    QSignalSpy finished(&downloader, &FileDownloader::download_finished);
-    downloader.start();
-    QTRY_VERIFY(socket);
-
-    qint64 arrived = 0;
-    qint64 farthest_ahead = 0;
-    QByteArray block(128 * 1024, Qt::Uninitialized);
-    while (finished.isEmpty()) {
-        arrived += qMax<qint64>(0, read(pipe, block.data(), size_t(block.size())));
-        farthest_ahead = qMax(farthest_ahead, k_size - socket->bytesToWrite() - arrived);
-        QTest::qWait(1);
+    const QByteArray path = QFile::encodeName(target());
+    QCOMPARE(mkfifo(path.constData(), 0600), 0);
+    const int pipe = open(path.constData(), O_RDONLY | O_NONBLOCK);
+    for (const char *url : {"/large", "/redirect"}) {
+        FileDownloader downloader(m_server.url(url), target());
+        QSignalSpy finished(&downloader, &FileDownloader::download_finished);
+        socket.clear();
+        downloader.start();
+        QTRY_VERIFY(socket);
+        qint64 arrived = 0;
+        qint64 farthest_ahead = 0;
+        QByteArray block(128 * 1024, Qt::Uninitialized);
+        for (bool ended = false; !ended;) {
+            ended = !finished.isEmpty();
+            arrived += qMax<qint64>(0, read(pipe, block.data(), size_t(block.size())));
+            farthest_ahead = qMax(farthest_ahead, k_size - (socket ? socket->bytesToWrite() : 0) - arrived);
+            QTest::qWait(1);
+        }
+        QVERIFY(finished[0][0].toBool());
+        QCOMPARE(arrived, k_size);
+        QVERIFY2(farthest_ahead < 24'000'000, QByteArray::number(farthest_ahead));
     }
-    arrived += qMax<qint64>(0, read(pipe, block.data(), size_t(block.size())));
     close(pipe);
-    QVERIFY(finished[0][0].toBool());
-    QCOMPARE(arrived, k_size);
-    QVERIFY2(farthest_ahead < 24'000'000, QByteArray::number(farthest_ahead));
 }
 
-void TstDownload::cancelled_before_start_is_forgotten()
+void TstDownload::cancel_counts_only_while_it_downloads()
 {
     FileDownloader downloader(m_server.url("/whole"), target());
     QSignalSpy cancelled(&downloader, &FileDownloader::download_cancelled);
     QSignalSpy finished(&downloader, &FileDownloader::download_finished);
     QCOMPARE(standard_output_of([&] { downloader.cancel(); }), u"FileDownloader cancelled\n");
     QCOMPARE(cancelled.size(), 1);
-    QVERIFY(downloader.is_cancelled);
     downloader.start();
     QTRY_COMPARE(finished.size(), 1);
-    QVERIFY(finished[0][0].toBool());
     QVERIFY(!downloader.is_cancelled);
+    QCOMPARE(standard_output_of([&] { downloader.cancel(); }), u"FileDownloader cancelled\n");
+    QCOMPARE(cancelled.size(), 2);
+    QVERIFY(downloader.isRunning()); // idle
+    downloader.quit();
+    QVERIFY(downloader.wait(5000));
+    QCOMPARE(finished.size(), 1);
+    QVERIFY(finished[0][0].toBool());
+    QCOMPARE(content_of(target()), m_body);
 }
 
 void TstDownload::cancelled_at_any_moment()
@@ -288,63 +225,22 @@ void TstDownload::cancelled_at_any_moment()
     for (int i = 0; i < 50; ++i) {
         const bool fast = i % 2;
         FileDownloader downloader(m_server.url(fast ? "/whole" : "/drip"), target());
-        QMutex guard;
-        QStringList heard; // by direct connections, in the order of the emissions
-        const auto note = [&](const QString &what) {
-            const QMutexLocker lock(&guard);
-            heard << what;
+        std::atomic<int> successes = 0;
+        std::atomic<int> failures = 0;
+        int ended_before = 0;
+        const auto on_finished = [&](bool success) { ++(success ? successes : failures); };
+        const auto on_cancelled = [&] {
+            QThread::msleep(5); // time for a transfer that is through to overtake
+            ended_before = successes + failures;
         };
-        connect(
-            &downloader, &FileDownloader::download_cancelled, this,
-            [&] {
-                QThread::msleep(5); // time for a transfer that is through to overtake
-                note(u"cancelled"_s);
-            },
-            Qt::DirectConnection);
-        connect(
-            &downloader, &FileDownloader::download_finished, this,
-            [&](bool success) { note(success ? u"success"_s : u"failure"_s); }, Qt::DirectConnection);
-        QSignalSpy finished(&downloader, &FileDownloader::download_finished);
+        connect(&downloader, &FileDownloader::download_finished, this, on_finished, Qt::DirectConnection);
+        connect(&downloader, &FileDownloader::download_cancelled, this, on_cancelled, Qt::DirectConnection);
         downloader.start();
         QTest::qWait(i < 10 ? 0 : random.bounded(fast ? 12 : 100));
         standard_output_of([&] { downloader.cancel(); });
-        QTRY_COMPARE(finished.size(), 1);
-        const QMutexLocker lock(&guard);
-        if (heard == QStringList{u"success"_s, u"cancelled"_s}) // too late
-            QCOMPARE(content_of(target()), m_body);
-        else
-            QCOMPARE(heard, (QStringList{u"cancelled"_s, u"failure"_s}));
-        QCOMPARE(QFile::exists(target()), heard.first() == u"success");
-        QFile::remove(target());
-    }
-}
-
-void TstDownload::cancelled_after_the_end()
-{
-    FileDownloader downloader(m_server.url("/missing"), target());
-    QSignalSpy finished(&downloader, &FileDownloader::download_finished);
-    QSignalSpy cancelled(&downloader, &FileDownloader::download_cancelled);
-    downloader.start();
-    QTRY_COMPARE(finished.size(), 1);
-    QCOMPARE(standard_output_of([&] { downloader.cancel(); }), u"FileDownloader cancelled\n");
-    QCOMPARE(cancelled.size(), 1);
-    downloader.quit();
-    QVERIFY(downloader.wait(5000));
-    QCOMPARE(finished.size(), 1);
-    QCOMPARE(content_of(target()), "no such page");
-}
-
-void TstDownload::destroyed_at_any_moment()
-{
-    QRandomGenerator random(51);
-    for (int i = 0; i < 50; ++i) {
-        auto downloader = std::make_unique<FileDownloader>(m_server.url("/drip"), target());
-        downloader->start();
-        if (i >= 5)
-            QTest::qWait(random.bounded(100));
-        downloader.reset();
-        if (QFile::exists(target()))
-            QCOMPARE(content_of(target()), m_body); // it was through
+        QTRY_COMPARE(successes + failures, 1);
+        QCOMPARE(successes.load(), ended_before); // whole, unless cancelled first
+        QCOMPARE(content_of(target()), successes ? m_body : "no file");
         QFile::remove(target());
     }
 }
@@ -358,13 +254,12 @@ void TstDownload::nothing_is_left_over()
         return finished.wait(20'000);
     };
     QVERIFY(download()); // what Qt opens once and keeps
-    const auto server_sockets = [this] { return m_server.findChildren<QTcpSocket *>().size(); };
-    QTRY_COMPARE(server_sockets(), 0);
+    QTRY_VERIFY(!m_server.findChild<QTcpSocket *>());
     const qsizetype threads = entries(u"/proc/self/task"_s);
     const qsizetype descriptors = entries(u"/proc/self/fd"_s);
     for (int i = 0; i < 500; ++i)
         QVERIFY(download());
-    QTRY_COMPARE(server_sockets(), 0);
+    QTRY_VERIFY(!m_server.findChild<QTcpSocket *>());
     QTRY_VERIFY(entries(u"/proc/self/task"_s) <= threads); // fewer: the idle threads of Qt's own pools end
     QVERIFY(entries(u"/proc/self/fd"_s) <= descriptors);
 }
@@ -372,112 +267,82 @@ void TstDownload::nothing_is_left_over()
 void TstDownload::dialog_success()
 {
     DownloadDialog dialog(m_server.url("/drip"), target(), u"Fetching"_s);
-    QCOMPARE(dialog.styleSheet().size(), 393);
     QCOMPARE(dialog.labelText(), u"Fetching");
     QSignalSpy accepted(&dialog, &QDialog::accepted);
-    QSignalSpy progress(dialog.downloader.get(), &FileDownloader::progress_updated);
     dialog.show();
     QTRY_COMPARE(accepted.size(), 1);
-    QCOMPARE(progress.last()[0].toInt(), 100);
     QVERIFY(!dialog.isVisible());
     QCOMPARE(dialog.labelText(), u"Descarga completada");
     QCOMPARE(content_of(target()), m_body);
     QCOMPARE(standard_output_of([&] { dialog.close(); }), QString());
 }
 
-void TstDownload::dialog_failure_is_seen_for_ten_seconds()
+void TstDownload::dialog_failure()
 {
-    DownloadDialog dialog(m_server.url("/missing"), target(), u"Fetching"_s);
-    QSignalSpy progress(dialog.downloader.get(), &FileDownloader::progress_updated);
-    dialog.show();
-    QTRY_COMPARE(dialog.labelText(), u"Error en la descarga");
-    const QElapsedTimer shown_for = [] {
-        QElapsedTimer timer;
-        timer.start();
-        return timer;
-    }();
-    QCOMPARE(progress.last()[0].toInt(), 100); // which hides it
-    while (shown_for.elapsed() < 9000) {
-        QVERIFY(dialog.isVisible());
-        QTest::qWait(100);
-    }
-    QCOMPARE(standard_output_of([&] { QTRY_VERIFY(!dialog.isVisible()); }), QString());
-}
+    DownloadDialog never_shown(m_server.url("/whole"), u"/no/such/folder/file"_s, u"Fetching"_s);
+    QTRY_VERIFY(never_shown.isVisible());
+    QCOMPARE(never_shown.labelText(), u"Error en la descarga");
+    QCOMPARE(standard_output_of([&] { click_button(never_shown); }), QString());
+    QVERIFY(!never_shown.isVisible());
 
-void TstDownload::dialog_failure_before_it_is_shown()
-{
-    DownloadDialog dialog(m_server.url("/whole"), u"/no/such/folder/file"_s, u"Fetching"_s);
-    QTRY_VERIFY(dialog.isVisible());
-    QCOMPARE(dialog.labelText(), u"Error en la descarga");
-    QCOMPARE(standard_output_of([&] { QTest::mouseClick(dialog.findChild<QPushButton *>(), Qt::LeftButton); }),
-             QString());
-    QVERIFY(!dialog.isVisible());
-}
-
-void TstDownload::dialog_cancel_data()
-{
-    QTest::addColumn<std::function<void(DownloadDialog &)>>("cancel");
-    const auto row = [](const char *name, const std::function<void(DownloadDialog &)> &cancel) {
-        QTest::newRow(name) << cancel;
-    };
-    row("button", [](auto &dialog) { QTest::mouseClick(dialog.template findChild<QPushButton *>(), Qt::LeftButton); });
-    row("Escape", [](auto &dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
-    row("closing", [](auto &dialog) { dialog.close(); });
-}
-
-void TstDownload::dialog_cancel()
-{
-    QFETCH(std::function<void(DownloadDialog &)>, cancel);
-    DownloadDialog dialog(m_server.url("/stalled"), target(), u"Fetching"_s);
-    QSignalSpy finished(dialog.downloader.get(), &FileDownloader::download_finished);
-    dialog.show();
-    dialog.activateWindow();
-    QTRY_COMPARE(QFileInfo(target()).size(), 4);
-    QCOMPARE(standard_output_of([&] { cancel(dialog); }), u"FileDownloader cancelled\nDownload cancelled by user!\n");
-    QVERIFY(!dialog.isVisible());
-    QCOMPARE(dialog.labelText(), u"Descarga cancelada");
-    QTRY_COMPARE(finished.size(), 1);
-    QVERIFY(!QFile::exists(target()));
-    Q_EMIT dialog.downloader->progress_updated(70); // one that was on its way
-    QVERIFY(!dialog.isVisible());
-    QVERIFY(bar_of(dialog)->value() < 70);
+    DownloadDialog hidden_at_100(m_server.url("/missing"), target(), u"Fetching"_s);
+    hidden_at_100.show();
+    QTRY_COMPARE(hidden_at_100.labelText(), u"Error en la descarga");
+    QVERIFY(hidden_at_100.isVisible());
+    QElapsedTimer shown_for;
+    shown_for.start();
+    QCOMPARE(standard_output_of([&] { QTRY_VERIFY_WITH_TIMEOUT(!hidden_at_100.isVisible(), 60'000); }), QString());
+    QVERIFY(shown_for.elapsed() > 9000); // long enough to be read
 }
 
 void TstDownload::dialog_cancelled_at_any_moment()
 {
+    const std::array<std::function<void(DownloadDialog &)>, 3> ways = {
+        click_button,
+        [](DownloadDialog &dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); },
+        [](DownloadDialog &dialog) { dialog.close(); },
+    };
     QRandomGenerator random(52);
-    for (int i = 0; i < 30; ++i) {
+    int cancelled = 0;
+    for (std::size_t i = 0; i < 45; ++i) {
         DownloadDialog dialog(m_server.url("/drip"), target(), u"Fetching"_s);
         QSignalSpy finished(dialog.downloader.get(), &FileDownloader::download_finished);
         dialog.show();
-        if (i >= 5)
-            QTest::qWait(random.bounded(60));
-        if (dialog.result() == QDialog::Accepted)
-            continue;
-        const bool cancelled = dialog.isVisible(); // else at 100, and hidden
-        standard_output_of([&] { QTest::mouseClick(dialog.findChild<QPushButton *>(), Qt::LeftButton); });
-        QTRY_COMPARE(finished.size(), 1);
+        dialog.activateWindow();
+        QTest::qWait(i < 6 ? 0 : random.bounded(60));
+        if (!dialog.isVisible())
+            continue; // too late
+        ++cancelled;
+        QCOMPARE(standard_output_of([&] { ways[i % 3](dialog); }),
+                 u"FileDownloader cancelled\nDownload cancelled by user!\n");
         QVERIFY(!dialog.isVisible());
-        QCOMPARE(QFile::exists(target()), !cancelled);
-        QFile::remove(target());
+        QCOMPARE(dialog.labelText(), u"Descarga cancelada");
+        QTRY_COMPARE(finished.size(), 1);
+        QTRY_VERIFY(!QFile::exists(target()));
+        Q_EMIT dialog.downloader->progress_updated(99); // one that was on its way
+        QVERIFY(!dialog.isVisible() && dialog.findChild<QProgressBar *>()->value() != 99);
     }
+    QVERIFY(cancelled >= 6);
 }
 
 void TstDownload::dialog_destroyed_at_any_moment()
 {
     QRandomGenerator random(53);
-    for (int i = 0; i < 30; ++i) {
-        QWidget parent;
-        QPointer<DownloadDialog> dialog(new DownloadDialog(m_server.url("/drip"), target(), u"Fetching"_s, &parent));
-        dialog->setMinimumDuration(0); // progress shows it
-        QTimer::singleShot(i % 2 ? random.bounded(80) : 0, dialog, [dialog] { delete dialog; });
-        // No event may run in here: the deletion would strike inside QProgressDialog.
-        Q_EMIT dialog->downloader->progress_updated(1);
-        Q_EMIT dialog->downloader->progress_updated(2);
-        QCOMPARE(bar_of(*dialog)->value(), 2);
+    for (int i = 0; i < 50; ++i) {
+        QPointer<DownloadDialog> dialog(new DownloadDialog(m_server.url("/drip"), target(), u"Fetching"_s));
+        if (i < 10)
+            delete dialog; // perhaps before its thread runs
+        else {
+            dialog->setMinimumDuration(0); // progress shows it
+            QTimer::singleShot(i % 2 ? random.bounded(100) : 0, dialog, [dialog] { delete dialog; });
+            // No event may run in here: the deletion would strike inside QProgressDialog.
+            Q_EMIT dialog->downloader->progress_updated(1);
+            Q_EMIT dialog->downloader->progress_updated(2);
+            QCOMPARE(dialog->findChild<QProgressBar *>()->value(), 2);
+        }
         QTRY_VERIFY(!dialog);
         if (QFile::exists(target()))
-            QCOMPARE(content_of(target()), m_body);
+            QCOMPARE(content_of(target()), m_body); // it was through
         QFile::remove(target());
     }
 }
