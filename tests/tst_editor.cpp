@@ -3,6 +3,7 @@
 
 #include "support/test_support.h"
 
+#include <my_classes/custom_highlighter.h>
 #include <my_classes/custom_text_editor.h>
 #include <my_classes/main_window.h>
 
@@ -98,6 +99,7 @@ private Q_SLOTS:
     void formatting_merges_and_clears();
     void insertions_are_one_step();
     void pasting_plain_text();
+    void follows_theme_and_document();
     void bad_input();
     void prints_unzoomed_to_a_file();
 };
@@ -416,6 +418,31 @@ void TstEditor::pasting_plain_text()
         QVERIFY(editor.text_edit->fontItalic() && editor.text_edit->fontWeight() == QFont::Normal);
     }
     QCOMPARE(editor.get_text_content(), u"itaplainrichlic"_s);
+}
+
+void TstEditor::follows_theme_and_document()
+{
+    my_classes::MainWindow window;
+    CustomTextEditor &editor = *window.text_editor;
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QPalette dark;
+    dark.setColor(QPalette::Window, QColor(0x35, 0x35, 0x35));
+    dark.setColor(QPalette::Text, Qt::white);
+    window.setPalette(dark);
+    const QImage paper = editor.text_edit->viewport()->grab().toImage();
+    QCOMPARE(paper.pixelColor(paper.width() / 2, paper.height() / 2), dark.color(QPalette::Window));
+    QCOMPARE(editor.text_edit->viewport()->palette().color(QPalette::Text), QColor(Qt::white));
+
+    editor.set_text_content(u"Teh old one."_s);
+    editor.check_spelling();
+    auto *document = new QTextDocument(editor.text_edit);
+    document->setPlainText(u"A new documnet. Two."_s);
+    editor.text_edit->setDocument(document); // deletes the other
+    QCOMPARE(editor.word_count_label->text(), recount(editor));
+    editor.check_spelling();
+    QCOMPARE(editor.highlighter->misspelled, QSet<QString>{u"documnet"_s});
+    QCOMPARE(document->firstBlock().layout()->formats().size(), 1);
 }
 
 void TstEditor::bad_input()
