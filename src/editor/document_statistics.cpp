@@ -70,6 +70,11 @@ TextCounts DocumentStatistics::of_selection(const QTextCursor &cursor)
 void DocumentStatistics::update(int position, int removed, int added)
 {
     Q_UNUSED(removed);
+    if (added > m_document->characterCount() / 2) {
+        // A new text is counted when asked for, after the layout has been made: then that lies together in memory.
+        m_block_count = 0;
+        return;
+    }
     const int end = std::min(position + added, m_document->characterCount() - 1);
     QTextBlock block = m_document->findBlock(position);
     const int first = block.blockNumber();
