@@ -25,6 +25,10 @@ public:
     explicit CustomTab(const std::optional<QString> &editor_font = {}, const std::optional<int> &editor_fontsize = {},
                        const QString &lang = QStringLiteral("en"));
 
+    /// For forms: the editor's default font, and the language "en", or none where that has no dictionary. Does not
+    /// throw.
+    explicit CustomTab(QWidget *parent);
+
     CustomTextEditor *create_editor();
     void editor_text_changed();
 
@@ -35,6 +39,9 @@ public:
     QString get_selected_text() const;
     void insert_after_selection(const QString &text);
     void replace_selected_text(const QString &text);
+
+    /// As the editor's, and keeps `lang` in step.
+    void set_lang(const QString &lang);
 
     QString lang;
     std::optional<QString> editor_font;

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <my_classes/editor_command.h>
+#include <my_classes/editor_counts.h>
 #include <my_classes/export.h>
 #include <my_classes/my_spellchecker.h>
 #include <my_classes/search_dialog.h>
@@ -26,7 +28,9 @@ class QAction;
 class QBoxLayout;
 class QComboBox;
 class QFontComboBox;
+class QImage;
 class QLabel;
+class QPagedPaintDevice;
 class QToolBar;
 class QWheelEvent;
 QT_END_NAMESPACE
@@ -48,7 +52,23 @@ public:
     /// MySpellChecker; throws std::runtime_error as its constructor does.
     explicit CustomTextEditor(const std::optional<QFont> &font, QWidget *parent = nullptr,
                               const QString &lang = QStringLiteral("en"));
+    /// For forms: the default font, and the language "en", or none where that has no dictionary. Does not throw.
+    explicit CustomTextEditor(QWidget *parent = nullptr);
     ~CustomTextEditor() override;
+
+    // Commands for a host's menus, and its keys.
+
+    /// The action of `command`, the same one as in the tool bar; owned by the editor, never null. Its object name is
+    /// the command's name with "_action", such as "bold_action".
+    QAction *action(EditorCommand command) const;
+    /// Off takes every shortcut of the editor's actions away, so that the host's own work; on (as at first) gives them
+    /// back. Alt+F10 and the keys of the text area itself stay.
+    void set_shortcuts_enabled(bool enabled);
+    bool shortcuts_enabled() const;
+
+    /// Read-only, every command that would write is disabled or does nothing; the same as text_edit->setReadOnly().
+    void set_read_only(bool read_only);
+    bool is_read_only() const;
 
     void initUI();
     void add_toolbar_buttons();
@@ -97,6 +117,22 @@ public:
     /// Asks for a file and a size in pixels, and embeds the picture as PNG. A cancelled dialog or a size beyond 512
     /// megabytes of pixels inserts nothing; a file that is no picture, an empty one.
     void insert_image();
+    /// Inserts the table that the dialog of insert_table() would. False, and nothing inserted, if a number is negative,
+    /// the table is larger than 100,000 cells, or the text is read-only.
+    bool insert_table_of_size(int rows, int columns);
+    /// Embeds `picture` as PNG, scaled to `size` in pixels if that is valid. False, and nothing inserted, if the
+    /// picture is null, larger than 512 megabytes of pixels, or the text is read-only.
+    bool insert_picture(const QImage &picture, const QSize &size = {});
+
+    // Rows and columns of the table at the caret, or of its selected cells; each one undo step. Outside a table they do
+    // nothing. Removing all rows or columns removes the table.
+
+    void insert_row_above();
+    void insert_row_below();
+    void insert_column_before();
+    void insert_column_after();
+    void remove_rows();
+    void remove_columns();
 
     // Content.
 
@@ -115,10 +151,24 @@ public:
     void paste_plain_text();
     /// Asks for a printer and prints the document, unzoomed and without spelling underlines.
     void print_document();
+    /// Prints as print_document() does, without asking: unzoomed, without spelling underlines, pictures no larger than
+    /// the page. An empty `title` leaves the device's own. The device is not taken over.
+    void print_to(QPagedPaintDevice *device, const QString &title = {}) const;
+    /// Prints several editors into one document, each from a new page on. Null editors are left out.
+    static void print_all_to(QPagedPaintDevice *device, const QList<const CustomTextEditor *> &editors,
+                             const QString &title = {});
+
+    /// True after an edit by the person or the host; checking, marking, search marks and zooming are none. Undoing to
+    /// the saved state makes it false again.
+    bool is_modified() const;
+    /// A host calls it with false after saving or loading.
+    void set_modified(bool modified);
 
     // Statistics of the selection or, without one, of the document.
 
     void count_words();
+    /// What the statistics line shows, as numbers.
+    EditorCounts counts() const;
     /// Number of sentences in `text`: pieces between '.', '!' or '?' that hold more than white space. "A.B" gives 2,
     /// "..." gives 0.
     int count_sentences(const QString &text) const;
@@ -137,6 +187,34 @@ public:
     void add_word_to_dictionary();
     /// Limpia el resaltado de todas las palabras en el documento.
     void clear_highlights();
+
+    /// Changes checker, label and `lang` together and takes the underlines away (they are made anew where words are
+    /// marked while writing). An empty `lang` means no spelling: nothing is checked or suggested, `spellchecker` is
+    /// null. Throws std::runtime_error as MySpellChecker does, and changes nothing then.
+    void set_lang(const QString &lang);
+
+    // Words, for a context menu of the host's. A word is what the suggestion box takes for one.
+
+    /// A cursor that selects the word at `cursor`, or at `point` of the text area's viewport (pixels); without a
+    /// selection if there is none.
+    QTextCursor word_at(const QTextCursor &cursor) const;
+    QTextCursor word_at_point(const QPoint &point) const;
+    /// Whether the dictionary, the person's list and this editor's ignored words all lack `word`; also before any
+    /// check. False without spelling.
+    bool is_misspelled(const QString &word) const;
+    /// Replacements, best first, with the capitals of `word`; empty if there are none.
+    QStringList suggestions_for(const QString &word) const;
+    /// Replaces the text that `word` selects, in its format, as one undo step.
+    void replace_word(const QTextCursor &word, const QString &replacement);
+    /// Adds `word` to the person's word list, emits word_added_to_dictionary() and takes its underlines away.
+    void add_to_dictionary(const QString &word);
+    /// Takes `word` for right in this editor, until it goes.
+    void ignore_word(const QString &word);
+
+    /// Whether words are marked while the person writes; off at first. What is typed is checked a moment after the
+    /// caret has left the word or the typing pauses; pasted and loaded text in slices. Never the word being typed.
+    void set_marking_while_writing(bool on);
+    bool is_marking_while_writing() const;
 
     /// Opens a new find-and-replace dialog in place of the earlier one.
     void search_text();
@@ -171,6 +249,13 @@ public:
 Q_SIGNALS:
     void word_added_to_dictionary(const QString &word);
     void check_spelling_done(const QSet<QString> &misspelled);
+    /// The statistics line shows other numbers.
+    void counts_changed(const my_classes::EditorCounts &counts);
+    void zoom_changed(int percent);
+    void modified_changed(bool modified);
+    void read_only_changed(bool read_only);
+    /// By set_lang().
+    void lang_changed(const QString &lang);
 
 protected:
     void changeEvent(QEvent *event) override;

@@ -14,6 +14,8 @@ namespace my_classes {
 
 class FileDownloader;
 
+enum class DownloadOutcome { Pending, Completed, Failed, Cancelled };
+
 /// Progress dialog of one download, which its construction starts. The host shows and deletes it, at any moment; by
 /// itself it appears after QProgressDialog's delay, and for ten seconds when the download has failed. Closing it before
 /// the end cancels the download. GUI thread only.
@@ -26,7 +28,18 @@ public:
     DownloadDialog(const QString &url, const QString &file_path, const QString &msg, QWidget *parent = nullptr);
     ~DownloadDialog() override;
 
+    /// Pending until download_ended().
+    DownloadOutcome outcome() const;
+    /// Why the download failed, in words for a person; empty otherwise.
+    QString error_text() const;
+    /// The last status that the server answered with, such as 404; 0 if there was none.
+    int http_status() const;
+
     std::unique_ptr<FileDownloader> downloader;
+
+Q_SIGNALS:
+    /// Once, from the event loop after the construction: also a host that connects then hears of it.
+    void download_ended(my_classes::DownloadOutcome outcome);
 
 public Q_SLOTS:
     void on_download_finished(bool success);

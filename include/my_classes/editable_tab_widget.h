@@ -10,6 +10,8 @@
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QTabWidget>
 
+#include <functional>
+
 QT_BEGIN_NAMESPACE
 class QLineEdit;
 QT_END_NAMESPACE
@@ -41,6 +43,17 @@ public:
     /// Asks `msg` with Yes and No, for hosts; No is the default.
     QMessageBox::StandardButton msgbox_confirm(const QString &msg);
 
+    /// Gives the tab `title`, without white space around it, as the person would. False, and nothing renamed, if it is
+    /// empty or taken, or there is no such tab.
+    bool rename_tab(int index, const QString &title);
+    /// `wish`, or `wish` with the first number from 2 on that no tab has: "Notes", "Notes 2".
+    QString unique_title(const QString &wish) const;
+
+    /// Asked before a tab is closed by the person; true closes it. It may open boxes, and delete page and tab widget.
+    using CloseQuestion = std::function<bool(QWidget *page, const QString &title)>;
+    /// Takes the place of the confirmation box; an empty `question` brings the box back.
+    void set_close_question(CloseQuestion question);
+
     bool eventFilter(QObject *obj, QEvent *event) override;
 
     /// The field open over a title, or null.
@@ -50,6 +63,10 @@ Q_SIGNALS:
     /// As QTabBar reports it: a drag over several tabs may come in steps, each the move of the tab that makes way.
     void tab_moved(int from_index, int to_index);
     void tab_deleted(const QString &title);
+    /// By the person or rename_tab(), if the title has changed.
+    void tab_renamed(QWidget *page, const QString &before, const QString &after);
+    /// By closeTab(), right before tab_deleted(); the page, which is the host's now, is still alive.
+    void tab_removed(QWidget *page, const QString &title);
 
 protected:
     bool event(QEvent *event) override;

@@ -35,6 +35,11 @@ public:
     /// download_cancelled(), and before start() it is forgotten by the download that follows.
     void cancel();
 
+    /// Why the last download failed, in words for a person; empty before the end and after a success. Any thread.
+    QString error_text() const;
+    /// The last status that the server answered with, such as 404; 0 if there was none. Any thread.
+    int http_status() const;
+
     QString url;
     QString file_path;
     /// True once cancel() has been called for the present download.
@@ -59,7 +64,7 @@ private:
     class Transfer;
     enum class CancelState { None, Asked, Announced };
 
-    std::mutex m_guard; // of the two below
+    mutable std::mutex m_guard; // of the two below
     Transfer *m_transfer = nullptr;
     CancelState m_cancel_state = CancelState::None; // of the present run
 };

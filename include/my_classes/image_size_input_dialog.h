@@ -23,7 +23,7 @@ class MY_CLASSES_EXPORT ImageSizeInputDialog : public QDialog
     Q_OBJECT
 
 public:
-    ImageSizeInputDialog(int w, int h);
+    ImageSizeInputDialog(int w, int h, QWidget *parent = nullptr);
 
     /// The two texts as typed: width, height.
     std::pair<QString, QString> get_inputs() const;

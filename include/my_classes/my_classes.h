@@ -9,8 +9,11 @@
 #include <my_classes/custom_highlighter.h>
 #include <my_classes/custom_tab.h>
 #include <my_classes/custom_text_editor.h>
+#include <my_classes/diagnostic_output.h>
 #include <my_classes/download_dialog.h>
 #include <my_classes/editable_tab_widget.h>
+#include <my_classes/editor_command.h>
+#include <my_classes/editor_counts.h>
 #include <my_classes/export.h>
 #include <my_classes/file_downloader.h>
 #include <my_classes/image_size_input_dialog.h>

@@ -59,6 +59,16 @@ public:
     /// again after an edit costs the edited paragraphs.
     QSet<QString> check(const QString &text);
 
+    /// Whether `word`, alone, is one that check() would report. Throws as check() does.
+    bool is_misspelled(const QString &word);
+
+    /// The languages with a dictionary on this system ("en_GB"), sorted. Empty where there is none.
+    static QStringList installed_languages();
+    /// Whether a checker of `lang` can be made.
+    static bool is_available(const QString &lang);
+    /// The name of a language in itself, with its region ("Español (España)"); `lang` where Qt knows none.
+    static QString language_name(const QString &lang);
+
     /// Replacements for `word`, best first; empty if there are none. Throws as check() does.
     QStringList get_suggestions(const QString &word);
 

@@ -23,7 +23,7 @@ class MY_CLASSES_EXPORT TableDimensionInputDialog : public QDialog
     Q_OBJECT
 
 public:
-    TableDimensionInputDialog();
+    explicit TableDimensionInputDialog(QWidget *parent = nullptr);
 
     /// The two texts as typed: rows, columns.
     std::pair<QString, QString> get_inputs() const;

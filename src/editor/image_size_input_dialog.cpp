@@ -9,7 +9,8 @@
 
 namespace my_classes {
 
-ImageSizeInputDialog::ImageSizeInputDialog(int w, int h)
+ImageSizeInputDialog::ImageSizeInputDialog(int w, int h, QWidget *parent)
+    : QDialog(parent)
 {
     setWindowTitle(tr("Image Size"));
     const SizeForm form(this, tr("Image Width:"), tr("Image Height:"));

@@ -9,7 +9,8 @@
 
 namespace my_classes {
 
-TableDimensionInputDialog::TableDimensionInputDialog()
+TableDimensionInputDialog::TableDimensionInputDialog(QWidget *parent)
+    : QDialog(parent)
 {
     setWindowTitle(tr("Table Dimensión"));
     const SizeForm form(this, tr("Table Rows:"), tr("Table Columns:"));
