@@ -9,6 +9,7 @@
 #include <QtWidgets/QWidget>
 
 #include <optional>
+#include <type_traits>
 
 namespace my_classes {
 
@@ -27,7 +28,11 @@ public:
 
     /// For forms: the editor's default font, and the language "en", or none where that has no dictionary. Does not
     /// throw.
-    explicit CustomTab(QWidget *parent);
+    template<typename Widget, typename = std::enable_if_t<std::is_convertible_v<Widget *, QWidget *>>>
+    explicit CustomTab(Widget *parent)
+        : CustomTab(ForForms(), parent)
+    {
+    }
 
     CustomTextEditor *create_editor();
     void editor_text_changed();
@@ -51,6 +56,12 @@ public:
 Q_SIGNALS:
     /// Always carries "Text changed": ask the content interface for the text.
     void text_changed(const QString &message);
+
+private:
+    struct ForForms
+    {
+    };
+    CustomTab(ForForms, QWidget *parent);
 };
 
 } // namespace my_classes

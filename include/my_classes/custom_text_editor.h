@@ -22,6 +22,7 @@
 
 #include <memory>
 #include <optional>
+#include <type_traits>
 
 QT_BEGIN_NAMESPACE
 class QAction;
@@ -53,7 +54,11 @@ public:
     explicit CustomTextEditor(const std::optional<QFont> &font, QWidget *parent = nullptr,
                               const QString &lang = QStringLiteral("en"));
     /// For forms: the default font, and the language "en", or none where that has no dictionary. Does not throw.
-    explicit CustomTextEditor(QWidget *parent = nullptr);
+    template<typename Widget, typename = std::enable_if_t<std::is_convertible_v<Widget *, QWidget *>>>
+    explicit CustomTextEditor(Widget *parent) // a template, so that CustomTextEditor({}) means what it did
+        : CustomTextEditor(ForForms(), parent)
+    {
+    }
     ~CustomTextEditor() override;
 
     // Commands for a host's menus, and its keys.
@@ -261,6 +266,11 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    struct ForForms
+    {
+    };
+    CustomTextEditor(ForForms, QWidget *parent);
+
     void create_toolbar(QBoxLayout *column);
     void create_text_area(QBoxLayout *column);
     void create_status_row(QBoxLayout *column);
