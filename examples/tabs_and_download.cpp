@@ -30,9 +30,13 @@ public:
         // Renaming a tab is the widget's own affair: double click, or F2 on the tab bar.
         connect(m_tabs, &EditableTabWidget::tab_moved, this,
                 [this](int from, int to) { statusBar()->showMessage(tr("Tab %1 moved to %2").arg(from).arg(to)); });
-        connect(m_tabs, &EditableTabWidget::tab_deleted, this, [this](const QString &title) {
+        connect(m_tabs, &EditableTabWidget::tab_renamed, this,
+                [this](QWidget *, const QString &before, const QString &after) {
+                    statusBar()->showMessage(tr("%1 is now %2").arg(before, after));
+                });
+        connect(m_tabs, &EditableTabWidget::tab_removed, this, [this](QWidget *page, const QString &title) {
             statusBar()->showMessage(tr("Deleted: %1").arg(title));
-            delete_removed_pages();
+            page->deleteLater(); // a removed page is the host's
         });
 
         QMenu *file = menuBar()->addMenu(tr("&File"));
@@ -67,21 +71,11 @@ private:
         connect(page, &CustomTab::text_changed, this, [this, page] {
             statusBar()->showMessage(tr("%n character(s)", "", int(page->get_text_content().size())));
         });
-        m_tabs->setCurrentIndex(m_tabs->addTab(page, tr("Document %1").arg(++m_documents)));
-    }
-
-    /// A closed tab's page is not deleted with it: it is still a child, but no longer one of the pages.
-    void delete_removed_pages()
-    {
-        for (auto *page : m_tabs->findChildren<CustomTab *>()) {
-            if (m_tabs->indexOf(page) == -1)
-                page->deleteLater();
-        }
+        m_tabs->setCurrentIndex(m_tabs->addTab(page, m_tabs->unique_title(tr("Document"))));
     }
 
     EditableTabWidget *m_tabs = new EditableTabWidget;
     std::unique_ptr<DownloadDialog> m_download;
-    int m_documents = 0;
 };
 
 } // namespace

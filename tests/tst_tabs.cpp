@@ -8,12 +8,14 @@
 #include <my_classes/editable_tab_widget.h>
 
 #include <QtCore/QPointer>
+#include <QtGui/QShortcut>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QStatusBar>
 #include <QtWidgets/QTabBar>
 #include <QtWidgets/QTextEdit>
@@ -33,9 +35,15 @@ private Q_SLOTS:
     void rename();
     void leaving_the_field();
     void second_field_and_a_deleted_tab();
-    void without_main_window();
+    void keys_go_to_what_is_visible();
+    void field_follows_its_page_data();
+    void field_follows_its_page();
+    void field_in_a_dialog();
+    void refused_title_in_hostile_company();
     void drag_is_reported();
     void close_asks();
+    void close_question_of_the_host();
+    void titles_by_call();
     void deleted_while_asking();
     void tab_forwards_to_its_editor();
 
@@ -126,32 +134,119 @@ void TstTabs::leaving_the_field()
     QVERIFY(!m_tabs->line_edit);
     QTRY_VERIFY(!field);
     QCOMPARE(m_tabs->tabText(1), u"Intro");
-    QVERIFY(m_window->statusBar()->currentMessage().startsWith(u"El t")); // neither shown nor cleared
+    QCOMPARE(m_window->statusBar()->currentMessage(), QString());
 }
 
 void TstTabs::second_field_and_a_deleted_tab()
 {
+    m_tabs->widget(0)->setFocus();
     double_click(0);
     const QPointer<QLineEdit> first(m_tabs->line_edit);
     double_click(2);
     QVERIFY(first && m_tabs->line_edit != first);
-    QTest::keyClick(first, Qt::Key_Escape);
+    first->selectAll();
+    QTest::keyClicks(first, u"Uno\r"_s); // its own text, to its own tab
     QTRY_VERIFY(!first);
     delete m_tabs->widget(2);
-    QVERIFY(m_tabs->line_edit);
-    QTest::keyClicks(m_tabs->line_edit, u"Nada\r"_s);
     QVERIFY(!m_tabs->line_edit);
-    QCOMPARE(titles(), (QStringList{u"Notas"_s, u"Intro"_s}));
+    QCOMPARE(titles(), (QStringList{u"Uno"_s, u"Intro"_s}));
+    QVERIFY(m_tabs->currentWidget()->hasFocus());
 }
 
-void TstTabs::without_main_window()
+void TstTabs::keys_go_to_what_is_visible()
 {
-    EditableTabWidget tabs;
-    tabs.addTab(new QWidget, u"Uno"_s);
-    tabs.editTabTitle(0);
-    QTest::keyClicks(tabs.line_edit, u" \rDos\r"_s);
-    QVERIFY(!tabs.line_edit);
-    QCOMPARE(tabs.tabText(0), u"Dos");
+    m_tabs->widget(0)->setFocus();
+    double_click(0);
+    QTest::mouseClick(m_tabs->tabBar(), Qt::LeftButton, {}, title(1));
+    QTest::keyClick(m_tabs->line_edit, Qt::Key_Escape);
+    QTest::keyClicks(QApplication::focusWidget(), u"seen"_s);
+    QCOMPARE(qobject_cast<QTextEdit *>(m_tabs->widget(1))->toPlainText(), u"seen");
+
+    double_click(1);
+    QWidget other;
+    other.show();
+    other.activateWindow(); // another window abandons the rename
+    QTRY_VERIFY(!m_tabs->line_edit);
+    m_window->activateWindow();
+    QTRY_COMPARE(QApplication::focusWidget(), m_tabs->widget(1));
+}
+
+void TstTabs::field_follows_its_page_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::newRow("left to right") << Qt::LeftToRight;
+    QTest::newRow("right to left") << Qt::RightToLeft;
+}
+
+void TstTabs::field_follows_its_page()
+{
+    QFETCH(Qt::LayoutDirection, direction);
+    m_window->setLayoutDirection(direction);
+    const QTabBar *bar = m_tabs->tabBar();
+    const auto lies_over = [&](int index) {
+        return m_tabs->line_edit->geometry() == bar->tabRect(index).translated(bar->mapTo(m_tabs, QPoint()));
+    };
+    QTRY_COMPARE(bar->x() > 0, direction == Qt::RightToLeft);
+    double_click(0);
+    QVERIFY(lies_over(0));
+    m_window->resize(900, 400);
+    QTRY_VERIFY(lies_over(0));
+    m_tabs->tabBar()->moveTab(0, 2);
+    m_tabs->insertTab(0, new QTextEdit, u"Nueva"_s);
+    QTRY_VERIFY(lies_over(3));
+    QTest::keyClicks(m_tabs->line_edit, u"Mia\r"_s);
+    QCOMPARE(titles(), (QStringList{u"Nueva"_s, u"Intro"_s, u"<b>Fin</b>"_s, u"Mia"_s}));
+}
+
+void TstTabs::field_in_a_dialog()
+{
+    QDialog dialog;
+    QPushButton button(&dialog);
+    button.setDefault(true);
+    auto *tabs = new EditableTabWidget(&dialog);
+    tabs->addTab(new QTextEdit, u"Uno"_s);
+    tabs->move(0, 50);
+    QShortcut shortcut(Qt::Key_Return, &dialog);
+    QSignalSpy pressed(&button, &QPushButton::clicked);
+    QSignalSpy heard(&shortcut, &QShortcut::activated);
+    connect(tabs, &EditableTabWidget::tab_renamed, &dialog, [&] { delete std::exchange(tabs, nullptr); });
+    dialog.show();
+    dialog.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    tabs->editTabTitle(0);
+    QTest::keyClicks(tabs->line_edit, u" \r"_s); // refused without a status bar
+    QVERIFY(tabs->line_edit && tabs->tabText(0) == u"Uno");
+    QTest::keyClicks(tabs->line_edit, u"Dos\r"_s);
+    QVERIFY(!tabs);
+    QCOMPARE(pressed.size() + heard.size(), 0);
+}
+
+void TstTabs::refused_title_in_hostile_company()
+{
+    QPalette dark;
+    dark.setColor(QPalette::Base, Qt::black);
+    m_tabs->setPalette(dark);
+    bool deletes = false;
+    QColor colour;
+    connect(m_window->statusBar(), &QStatusBar::messageChanged, this, [&](const QString &message) {
+        if (message.isEmpty())
+            return;
+        colour = m_tabs->line_edit->palette().text().color();
+        if (deletes)
+            return delete std::exchange(m_tabs, nullptr);
+        test_support::answer_next_dialog([](QDialog *box) { box->accept(); });
+        QMessageBox(QMessageBox::Warning, {}, message).exec();
+    });
+    m_tabs->editTabTitle(0);
+    QTest::keyClicks(m_tabs->line_edit, u" \r"_s);
+    QVERIFY(!m_tabs->line_edit); // the box took the focus
+    QCOMPARE(m_window->statusBar()->currentMessage(), QString());
+    QVERIFY(colour.red() == 255 && colour.lightness() > 180);
+
+    deletes = true;
+    m_tabs->editTabTitle(0);
+    QTest::keyClicks(m_tabs->line_edit, u" \r"_s);
+    QVERIFY(!m_tabs);
 }
 
 void TstTabs::drag_is_reported()
@@ -194,6 +289,57 @@ void TstTabs::close_asks()
     }
     QCOMPARE(deleted.size(), 1);
     QCOMPARE(deleted[0][0].toString(), u"<b>Fin</b>");
+}
+
+void TstTabs::close_question_of_the_host()
+{
+    const QPointer<QWidget> page = m_tabs->widget(1);
+    QStringList heard;
+    connect(m_tabs, &EditableTabWidget::tab_removed, this, [&](QWidget *removed, const QString &title) {
+        heard << u"removed "_s + title;
+        QCOMPARE(removed, page.data());
+        delete removed;
+    });
+    connect(m_tabs, &EditableTabWidget::tab_deleted, this,
+            [&](const QString &title) { heard << u"deleted "_s + title; });
+    bool answer = false;
+    m_tabs->set_close_question([&](QWidget *asked, const QString &title) {
+        heard << u"asked "_s + title;
+        return answer && asked == page;
+    });
+    m_tabs->closeTab(1);
+    answer = true;
+    m_tabs->closeTab(1);
+    QCOMPARE(heard, (QStringList{u"asked Intro"_s, u"asked Intro"_s, u"removed Intro"_s, u"deleted Intro"_s}));
+    QVERIFY(!page);
+
+    const auto token = std::make_shared<int>(7);
+    int seen = 0;
+    m_tabs->set_close_question([this, token, &seen](QWidget *, const QString &) {
+        m_window.reset();
+        seen = *token;
+        return true;
+    });
+    m_tabs->closeTab(0);
+    QCOMPARE(seen, 7);
+}
+
+void TstTabs::titles_by_call()
+{
+    QSignalSpy renamed(m_tabs, &EditableTabWidget::tab_renamed);
+    QCOMPARE(m_tabs->unique_title(u" Nueva "_s), u"Nueva");
+    QCOMPARE(m_tabs->unique_title(u"Notas"_s), u"Notas 2");
+    QVERIFY(!m_tabs->rename_tab(1, u" Notas"_s));
+    QVERIFY(!m_tabs->rename_tab(1, u"  "_s));
+    QVERIFY(!m_tabs->rename_tab(3, u"Nueva"_s));
+    QVERIFY(m_tabs->rename_tab(1, u"Intro "_s)); // its own
+    QCOMPARE(renamed.size(), 0);
+    QVERIFY(m_tabs->rename_tab(1, u" Notas 2"_s));
+    QCOMPARE(m_tabs->unique_title(u"Notas"_s), u"Notas 3");
+    double_click(1);
+    QTest::keyClicks(m_tabs->line_edit, u"Fin\r"_s);
+    QCOMPARE(renamed.size(), 2);
+    QCOMPARE(renamed[1], (QVariantList{QVariant::fromValue(m_tabs->widget(1)), u"Notas 2"_s, u"Fin"_s}));
 }
 
 void TstTabs::deleted_while_asking()

@@ -5,6 +5,7 @@
 
 #include <my_classes/export.h>
 
+#include <QtCore/QList>
 #include <QtCore/QPointer>
 #include <QtCore/QString>
 #include <QtWidgets/QMessageBox>
@@ -18,11 +19,13 @@ QT_END_NAMESPACE
 
 namespace my_classes {
 
+class TitleField;
+
 /// Tab widget whose titles are renamed in place and kept unique, and whose tabs close after confirmation.
 ///
 /// A double click on a title, or F2 on the tab bar, opens a field over it; Return renames, Escape and leaving the field
-/// abandon. What is wrong with a title is told in the status bar of the window, if that is a QMainWindow. Indices are
-/// tab positions. GUI thread only.
+/// abandon. The field follows its page where tabs are moved, and goes with it. What is wrong with a title is told in
+/// the status bar of the window, if that is a QMainWindow. Indices are tab positions. GUI thread only.
 class MY_CLASSES_EXPORT EditableTabWidget : public QTabWidget
 {
     Q_OBJECT
@@ -46,7 +49,7 @@ public:
     /// Gives the tab `title`, without white space around it, as the person would. False, and nothing renamed, if it is
     /// empty or taken, or there is no such tab.
     bool rename_tab(int index, const QString &title);
-    /// `wish`, or `wish` with the first number from 2 on that no tab has: "Notes", "Notes 2".
+    /// `wish` without white space around it, or that with the first number from 2 on that no tab has: "Notes 2".
     QString unique_title(const QString &wish) const;
 
     /// Asked before a tab is closed by the person; true closes it. It may open boxes, and delete page and tab widget.
@@ -70,13 +73,18 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent *event) override;
+    void tabRemoved(int index) override;
 
 private:
-    void refuse_title(const QString &reason);
-    void close_field(QLineEdit *field);
-    bool field_event(QLineEdit *field, QEvent *event);
+    QList<QPointer<TitleField>> fields() const;
+    void finish(TitleField *field, int index);
+    void confirm(TitleField *field);
+    void close_field(TitleField *field);
+    bool field_event(TitleField *field, QEvent *event);
+    bool may_close(QWidget *page, const QString &title);
 
     QPointer<QWidget> m_focus_before_field;
+    CloseQuestion m_close_question;
 };
 
 } // namespace my_classes
