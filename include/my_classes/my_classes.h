@@ -23,3 +23,4 @@
 #include <my_classes/my_utils.h>
 #include <my_classes/search_dialog.h>
 #include <my_classes/table_dimension_input_dialog.h>
+#include <my_classes/version.h>

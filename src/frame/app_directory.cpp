@@ -7,7 +7,12 @@
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <QtCore/QStandardPaths>
 #include <QtCore/QStringList>
+
+#ifdef Q_OS_UNIX
+#include <dlfcn.h>
+#endif
 
 using namespace Qt::StringLiterals;
 
@@ -33,24 +38,32 @@ bool has_icons(const QString &directory)
     return QFileInfo(directory + "/icons"_L1).isDir();
 }
 
-/// Directory of the shared library or program that this code was loaded from; empty if the system does not tell.
+/// The file of this program; empty if the system does not tell. `name` is what it was started as.
+QString program_file(const QString &name)
+{
+    const QString linked = QFile::symLinkTarget(u"/proc/self/exe"_s);
+    return linked.isEmpty() ? QStandardPaths::findExecutable(name) : linked;
+}
+
+/// The shared library or program that this code was loaded from; empty if the system does not tell.
+QString module_file()
+{
+#ifdef Q_OS_UNIX
+    Dl_info module = {};
+    if (dladdr(&k_inside_this_module, &module) == 0 || module.dli_fname == nullptr)
+        return {};
+    // Of a program some systems only know the name that it was started by, which says little if found along PATH.
+    const QString file = QFile::decodeName(module.dli_fname);
+    return file.contains(u'/') && QFileInfo(file).isFile() ? file : program_file(file);
+#else
+    return {};
+#endif
+}
+
 QString module_directory()
 {
-    const auto here = reinterpret_cast<quintptr>(&k_inside_this_module);
-    QFile mappings(u"/proc/self/maps"_s);
-    if (!mappings.open(QIODevice::ReadOnly))
-        return {};
-    // Lines such as "7f2e02171000-7f2e021c8000 r--p 00000000 fe:00 320475    /usr/lib/libmy_classes.so"
-    for (QByteArray line = mappings.readLine(); !line.isEmpty(); line = mappings.readLine()) {
-        const qsizetype dash = line.indexOf('-');
-        const qsizetype blank = line.indexOf(' ');
-        const qsizetype path = line.indexOf('/');
-        const quintptr first = line.left(dash).toULongLong(nullptr, 16);
-        const quintptr behind = line.mid(dash + 1, blank - dash - 1).toULongLong(nullptr, 16);
-        if (here >= first && here < behind)
-            return path < 0 ? QString() : QFileInfo(QFile::decodeName(line.mid(path).trimmed())).path();
-    }
-    return {};
+    const QString file = QFileInfo(module_file()).canonicalFilePath();
+    return file.isEmpty() ? QString() : QFileInfo(file).path();
 }
 
 } // namespace
@@ -61,7 +74,7 @@ QString get_app_directory()
     if (!wanted.isEmpty())
         return QDir::cleanPath(QDir(wanted).absolutePath());
 
-    const QString module = module_directory();
+    static const QString module = module_directory(); // found while loading: a relative name holds only then
     QDir ancestor(module);
     for (int level = 0; !module.isEmpty() && level <= k_deepest_module_directory; ++level) {
         const QString shared_data = ancestor.filePath(u"share/my_classes"_s);

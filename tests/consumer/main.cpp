@@ -6,8 +6,11 @@
 #include <my_classes/custom_highlighter.h>
 #include <my_classes/custom_tab.h>
 #include <my_classes/custom_text_editor.h>
+#include <my_classes/diagnostic_output.h>
 #include <my_classes/download_dialog.h>
 #include <my_classes/editable_tab_widget.h>
+#include <my_classes/editor_command.h>
+#include <my_classes/editor_counts.h>
 #include <my_classes/file_downloader.h>
 #include <my_classes/image_size_input_dialog.h>
 #include <my_classes/main_window.h>
@@ -17,6 +20,7 @@
 #include <my_classes/my_utils.h>
 #include <my_classes/search_dialog.h>
 #include <my_classes/table_dimension_input_dialog.h>
+#include <my_classes/version.h>
 
 #include <QtGui/QTextDocument>
 #include <QtWidgets/QApplication>
@@ -24,6 +28,8 @@
 #include <QtWidgets/QToolBar>
 
 #include <cstdio>
+
+static_assert(MY_CLASSES_VERSION >= MY_CLASSES_VERSION_CHECK(0, 1, 0));
 
 namespace {
 
