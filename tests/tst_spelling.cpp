@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the my_classes authors
 // SPDX-License-Identifier: MIT
 
+#include "support/spelling_support.h"
 #include "support/test_support.h"
 
 #include <my_classes/custom_highlighter.h>
@@ -15,6 +16,7 @@
 #include <QtGui/QTextBlock>
 #include <QtTest/QSignalSpy>
 #include <QtWidgets/QComboBox>
+#include <QtWidgets/QLabel>
 
 #include <iostream>
 #include <stdexcept>
@@ -23,6 +25,9 @@ using namespace Qt::StringLiterals;
 using my_classes::CustomHighlighter;
 using my_classes::CustomTextEditor;
 using my_spellchecker::MySpellChecker;
+using test_support::underlines;
+using test_support::word_list_directory;
+using test_support::write_dictionary;
 
 namespace {
 
@@ -36,23 +41,6 @@ QString sorted(const QSet<QString> &words)
 QString misspelled(const QString &text)
 {
     return sorted(MySpellChecker(u"en_US"_s).check(text));
-}
-
-/// Where the person's word list is, and more dictionaries in "hunspell".
-QString word_list_directory()
-{
-    return qEnvironmentVariable("ENCHANT_CONFIG_DIR");
-}
-
-void write_dictionary(const QString &tag, const QByteArray &word)
-{
-    const QString path = word_list_directory() + u"/hunspell/"_s + tag;
-    QDir().mkpath(QFileInfo(path).path());
-    QFile affixes(path + u".aff"_s);
-    QFile words(path + u".dic"_s);
-    QVERIFY(affixes.open(QIODevice::WriteOnly) && words.open(QIODevice::WriteOnly));
-    affixes.write("SET UTF-8\n");
-    words.write("1\n" + word + '\n');
 }
 
 /// This program again, as a process of its own that runs as_child().
@@ -88,21 +76,7 @@ int as_child(const QStringList &arguments)
     return 0;
 }
 
-/// What is underlined as misspelled, drawn below the text: "^~~ ^~~" for two words.
-QString underlines(const QTextBlock &block)
-{
-    QTextCharFormat format;
-    format.setUnderlineColor(Qt::red);
-    format.setUnderlineStyle(QTextCharFormat::SpellCheckUnderline);
-    QString drawn;
-    for (const QTextLayout::FormatRange &range : block.layout()->formats()) {
-        if (range.format == format)
-            drawn += QString(range.start - drawn.size(), u' ') + u'^' + QString(range.length - 1, u'~');
-    }
-    return drawn;
-}
-
-/// The same by the plain way: one expression for each word, a line under each of its matches.
+/// The underlines of a text by the plain way: one expression for each word, a line under each of its matches.
 QString plain_underlines(const QString &text, const QSet<QString> &words)
 {
     QString drawn(text.size(), u' ');
@@ -357,7 +331,7 @@ void TstSpelling::first_misspelled_word_is_shown()
     QVERIFY(QTest::qWaitForWindowActive(&editor));
     for (const auto &[text, word, position] : rows) {
         editor.text_edit->setPlainText(text);
-        put_cursor(&editor, static_cast<int>(text.size()));
+        editor.text_edit->selectAll();
         editor.suggestionsComboBox->setFocus();
         QSignalSpy moved(editor.text_edit, &QTextEdit::cursorPositionChanged);
         const QString lines = test_support::standard_output_of([&] { QTest::keyClick(&editor, Qt::Key_F7); });
@@ -367,6 +341,8 @@ void TstSpelling::first_misspelled_word_is_shown()
         QVERIFY2(cursor.position() == position && !cursor.hasSelection(), qPrintable(text));
         QVERIFY(editor.text_edit->hasFocus() && moved.isEmpty());
         QCOMPARE(offers(editor), QString());
+        QVERIFY(!editor.word_count_label->text().contains(u"Selected"_s));
+        QVERIFY(!editor.clear_formatting_action->isEnabled());
     }
 }
 
@@ -396,8 +372,12 @@ void TstSpelling::person_corrects_and_adds_words()
     editor.correctAction->trigger();
     QCOMPARE(editor.get_text_content(), u"We %1 qzxqzxqzxqzx, Teh."_s.arg(suggestions.first()));
     QVERIFY(editor.get_html_content().contains(suggestions.first() + u"</span> "_s)); // as bold as the word was
+    QTest::keyClicks(editor.text_edit, u"yx"_s);                                      // a step of its own
+    editor.text_edit->undo();
+    QCOMPARE(editor.get_text_content(), u"We %1 qzxqzxqzxqzx, Teh."_s.arg(suggestions.first()));
     editor.text_edit->undo();
     QCOMPARE(editor.get_text_content(), before);
+    QCOMPARE(editor.text_edit->textCursor().position(), 4);
     QVERIFY(!editor.text_edit->document()->isUndoAvailable());
 
     put_cursor(&editor, 12);

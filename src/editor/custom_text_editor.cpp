@@ -65,6 +65,7 @@ void CustomTextEditor::initUI()
     create_text_area(column);
     create_status_row(column);
     add_toolbar_buttons();
+    enable_spelling();
 }
 
 void CustomTextEditor::create_toolbar(QBoxLayout *column)
@@ -96,7 +97,7 @@ void CustomTextEditor::create_text_area(QBoxLayout *column)
     };
     connect(text_edit, &QTextEdit::textChanged, this, follow, Qt::QueuedConnection);
     column->addWidget(text_edit);
-    spellchecker = std::make_unique<my_spellchecker::MySpellChecker>(lang);
+    start_spelling(lang);
     {
         const QSignalBlocker quiet(text_edit);
         highlighter = new CustomHighlighter(text_edit->document());

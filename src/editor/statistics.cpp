@@ -30,8 +30,9 @@ void CustomTextEditor::count_words()
         selected ? m_statistics->of_selection(text_edit->textCursor()) : m_statistics->of_document();
     QString line;
     if (counts.words > 0) {
-        line = tr("Lang: %1 | %2%3 sentences | %4 words | %5 characters")
-                   .arg(lang.toUpper(), selected ? tr("Selected: ") : QString(), grouped(counts.sentences),
+        const QString language = lang.isEmpty() ? QString() : tr("Lang: %1 | ").arg(lang.toUpper());
+        line = tr("%1%2%3 sentences | %4 words | %5 characters")
+                   .arg(language, selected ? tr("Selected: ") : QString(), grouped(counts.sentences),
                         grouped(counts.words), grouped(counts.characters));
     }
     if (line != word_count_label->text())

@@ -3,6 +3,8 @@
 
 #include "spelling/dictionary.h"
 
+#include "spelling/word_forms.h"
+
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
 #include <QtCore/QStandardPaths>
@@ -25,20 +27,6 @@ const std::shared_ptr<EnchantBroker> &shared_broker()
 {
     static const std::shared_ptr<EnchantBroker> broker(enchant_broker_init(), enchant_broker_free);
     return broker;
-}
-
-QStringList available_tags()
-{
-    QStringList tags;
-    enchant_broker_list_dicts(
-        shared_broker().get(),
-        [](const char *tag, const char *, const char *, const char *, void *list) {
-            static_cast<QStringList *>(list)->append(QString::fromUtf8(tag));
-        },
-        &tags);
-    tags.sort();
-    tags.removeDuplicates();
-    return tags;
 }
 
 QStringList engines()
@@ -72,11 +60,6 @@ QString best_tag(const QString &lang, const QStringList &tags)
     return any == tags.end() ? QString() : *any;
 }
 
-QString with_straight_apostrophes(QString word)
-{
-    return word.replace(QChar(0x2019), u'\'');
-}
-
 /// Whether `word` can stand in a word list, as a line of whole characters: engines complain of anything else.
 bool is_line(const QString &word)
 {
@@ -84,13 +67,21 @@ bool is_line(const QString &word)
            std::none_of(word.begin(), word.end(), [](QChar c) { return c < u' ' || c == QChar::LineSeparator; });
 }
 
-/// Equal for all words that an added word holds for: capitalised and decomposed forms, other apostrophes.
-QString comparable(const QString &word)
-{
-    return with_straight_apostrophes(word).normalized(QString::NormalizationForm_D).toCaseFolded();
-}
-
 } // namespace
+
+QStringList Dictionary::installed_tags()
+{
+    QStringList tags;
+    enchant_broker_list_dicts(
+        shared_broker().get(),
+        [](const char *tag, const char *, const char *, const char *, void *list) {
+            static_cast<QStringList *>(list)->append(QString::fromUtf8(tag));
+        },
+        &tags);
+    tags.sort();
+    tags.removeDuplicates();
+    return tags;
+}
 
 std::shared_ptr<Dictionary> Dictionary::for_language(const QString &lang)
 {
@@ -99,7 +90,7 @@ std::shared_ptr<Dictionary> Dictionary::for_language(const QString &lang)
     if (const auto known = by_language.constFind(lang); known != by_language.constEnd())
         return *known;
 
-    const QStringList tags = available_tags();
+    const QStringList tags = installed_tags();
     const QString tag = lang.isEmpty() ? QString() : best_tag(lang, tags);
     if (tag.isEmpty()) {
         const QString there = tags.isEmpty() ? u"none"_s : tags.join(u", "_s);

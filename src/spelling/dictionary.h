@@ -24,6 +24,9 @@ public:
     /// The dictionary that serves `lang`. Throws std::runtime_error naming `lang` and what there is, if none does.
     static std::shared_ptr<Dictionary> for_language(const QString &lang);
 
+    /// The tags of all dictionaries on this system ("en_GB"), sorted.
+    static QStringList installed_tags();
+
     Dictionary(std::shared_ptr<EnchantBroker> broker, const QString &tag);
     ~Dictionary();
 

@@ -23,6 +23,8 @@ Q_LOGGING_CATEGORY(log_spelling, "my_classes.spelling")
 
 void CustomTextEditor::check_spelling()
 {
+    if (!spellchecker)
+        return;
     QSet<QString> misspelled;
     {
         const QSignalBlocker quiet(text_edit); // underlining is not an edit
@@ -34,6 +36,7 @@ void CustomTextEditor::check_spelling()
             qCWarning(log_spelling, "%s", error.what());
             return;
         }
+        misspelled.removeIf([this](const QString &word) { return is_ignored(word); });
         highlighter->setMisspelled(misspelled);
         trace(u"Misspelled words: %1"_s.arg(misspelled.size()), quoted_list(misspelled.values()));
     }
@@ -43,7 +46,8 @@ void CustomTextEditor::check_spelling()
 void CustomTextEditor::show_first_misspelled(const QSet<QString> &misspelled)
 {
     trace("Going to first misspelled...");
-    const QSignalBlocker quiet(text_edit);
+    const bool had_selection = text_edit->textCursor().hasSelection();
+    QSignalBlocker quiet(text_edit);
     QTextCursor cursor = text_edit->textCursor();
     cursor.movePosition(QTextCursor::Start);
     const bool examined = !cursor.atEnd();
@@ -66,6 +70,9 @@ void CustomTextEditor::show_first_misspelled(const QSet<QString> &misspelled)
     // Their word is no longer the one under the cursor.
     correctAction->setEnabled(false);
     addWordAction->setEnabled(false);
+    quiet.unblock();
+    if (had_selection)
+        selection_changed();
 }
 
 void CustomTextEditor::update_from_cursor()
@@ -83,7 +90,7 @@ void CustomTextEditor::update_suggestions()
     addWordAction->setEnabled(false);
     if (suggestionsComboBox->count() > 0)
         suggestionsComboBox->clear();
-    if (!highlighter->misspelled.contains(word))
+    if (!spellchecker || !highlighter->misspelled.contains(word))
         return;
 
     trace(u"Misspelled word: "_s + word);
@@ -103,7 +110,7 @@ void CustomTextEditor::update_suggestions()
     std::sort(sorted.begin(), sorted.end());
     suggestionsComboBox->addItems(sorted);
     suggestionsComboBox->setCurrentText(suggestions.first());
-    correctAction->setEnabled(true);
+    correctAction->setEnabled(!text_edit->isReadOnly());
 }
 
 void CustomTextEditor::correct_word()
@@ -112,14 +119,17 @@ void CustomTextEditor::correct_word()
     const QString suggestion = suggestionsComboBox->currentText();
     if (suggestion.isEmpty())
         return;
-    QTextCursor cursor = word_under_cursor(text_edit->textCursor());
-    QTextCursor first_letter = cursor;
-    first_letter.setPosition(cursor.selectionStart() + (cursor.hasSelection() ? 1 : 0));
-    cursor.insertText(suggestion, first_letter.charFormat());
+    const QTextCursor word = word_under_cursor(text_edit->textCursor());
+    if (word.hasSelection())
+        replace_word(word, suggestion);
+    else if (!text_edit->isReadOnly())
+        QTextCursor(word).insertText(suggestion);
 }
 
 void CustomTextEditor::add_word_to_dictionary()
 {
+    if (!spellchecker)
+        return;
     // As it stands, neither stripped nor in lower case.
     const QString word = word_under_cursor(text_edit->textCursor()).selectedText();
     try {

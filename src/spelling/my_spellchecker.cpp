@@ -3,6 +3,7 @@
 
 #include "spelling/checked_text.h"
 #include "spelling/dictionary.h"
+#include "spelling/word_tokenizer.h"
 
 #include <my_classes/my_spellchecker.h>
 
@@ -32,6 +33,12 @@ MySpellChecker::~MySpellChecker() = default;
 QSet<QString> MySpellChecker::check(const QString &text)
 {
     return m_checked_text->misspelled_words(text, *m_dictionary);
+}
+
+bool MySpellChecker::is_misspelled(const QString &word)
+{
+    m_dictionary->refresh();
+    return !word.isEmpty() && WordTokenizer(word).next() == word && m_dictionary->is_misspelled(word);
 }
 
 QStringList MySpellChecker::get_suggestions(const QString &word)

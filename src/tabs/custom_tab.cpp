@@ -21,6 +21,7 @@ CustomTab::CustomTab(const std::optional<QString> &font_family, const std::optio
     auto *column = new QVBoxLayout;
     editor = create_editor();
     connect(editor->text_edit, &QTextEdit::textChanged, this, &CustomTab::editor_text_changed);
+    connect(editor, &CustomTextEditor::lang_changed, this, [this](const QString &now) { lang = now; });
     column->addWidget(editor);
     setLayout(column);
 }
@@ -71,6 +72,11 @@ void CustomTab::insert_after_selection(const QString &text)
 void CustomTab::replace_selected_text(const QString &text)
 {
     editor->replace_selected_text(text);
+}
+
+void CustomTab::set_lang(const QString &language)
+{
+    editor->set_lang(language);
 }
 
 } // namespace my_classes

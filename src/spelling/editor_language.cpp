@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include <my_classes/custom_highlighter.h>
+#include <my_classes/custom_text_editor.h>
+
+#include <QtCore/QSignalBlocker>
+#include <QtGui/QAction>
+#include <QtWidgets/QComboBox>
+
+namespace my_classes {
+
+void CustomTextEditor::set_lang(const QString &language)
+{
+    if (language == lang && language == m_checker_lang)
+        return;
+    start_spelling(language); // may throw; nothing has changed then
+    lang = language;
+    {
+        const QSignalBlocker quiet(text_edit); // underlining is not an edit
+        highlighter->setMisspelled({});
+    }
+    enable_spelling();
+    update_suggestions();
+    count_words();
+    Q_EMIT lang_changed(language);
+}
+
+void CustomTextEditor::start_spelling(const QString &language)
+{
+    auto checker = language.isEmpty() ? nullptr : std::make_unique<my_spellchecker::MySpellChecker>(language);
+    spellchecker = std::move(checker);
+    m_checker_lang = language;
+}
+
+/// Shows whether there is anything to check with.
+void CustomTextEditor::enable_spelling()
+{
+    const bool can_check = spellchecker != nullptr;
+    if (can_check == suggestionsComboBox->isEnabled()) // a host's own disabling stays while a language follows another
+        return;
+    checkAction->setEnabled(can_check);
+    suggestionsComboBox->setEnabled(can_check);
+}
+
+} // namespace my_classes

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextLayout>
+#include <QtTest/QTest>
+
+namespace test_support {
+
+/// Where the person's word list is, and more dictionaries in "hunspell".
+inline QString word_list_directory()
+{
+    return qEnvironmentVariable("ENCHANT_CONFIG_DIR");
+}
+
+/// Installs a dictionary of one word.
+inline void write_dictionary(const QString &tag, const QByteArray &word)
+{
+    const QString path = word_list_directory() + QStringLiteral("/hunspell/") + tag;
+    QDir().mkpath(QFileInfo(path).path());
+    QFile affixes(path + QStringLiteral(".aff"));
+    QFile words(path + QStringLiteral(".dic"));
+    QVERIFY(affixes.open(QIODevice::WriteOnly) && words.open(QIODevice::WriteOnly));
+    affixes.write("SET UTF-8\n");
+    words.write("1\n" + word + '\n');
+}
+
+/// What is underlined as misspelled, drawn below the text: "^~~ ^~~" for two words.
+inline QString underlines(const QTextBlock &block)
+{
+    QTextCharFormat format;
+    format.setUnderlineColor(Qt::red);
+    format.setUnderlineStyle(QTextCharFormat::SpellCheckUnderline);
+    QString drawn;
+    for (const QTextLayout::FormatRange &range : block.layout()->formats()) {
+        if (range.format == format)
+            drawn += QString(range.start - drawn.size(), u' ') + u'^' + QString(range.length - 1, u'~');
+    }
+    return drawn;
+}
+
+/// The same of all paragraphs.
+inline QString underlines(const QTextDocument *document)
+{
+    QStringList lines;
+    for (QTextBlock block = document->begin(); block.isValid(); block = block.next())
+        lines.append(underlines(block));
+    return lines.join(u'\n');
+}
+
+} // namespace test_support
