@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QtCore/QList>
+#include <QtCore/QString>
+
+namespace document_editor {
+
+/// One tab of a document.
+struct Section
+{
+    QString title;
+    QString language; ///< of its spelling, as of MySpellChecker; empty: none
+    QString html;     ///< exactly as CustomTextEditor::get_html_content() gave it
+};
+
+/// What a file holds.
+struct Document
+{
+    QList<Section> sections;
+    QString origin; ///< in a recovery file: the path of the document's own file, if it has one
+};
+
+} // namespace document_editor

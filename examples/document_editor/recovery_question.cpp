@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include "recovery_question.h"
+
+#include "document_file.h"
+#include "file_error.h"
+#include "files.h"
+#include "window.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFileInfo>
+#include <QtCore/QLocale>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+
+namespace document_editor {
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("document_editor::RecoveryQuestion", text);
+}
+
+QString name_of(const Document &document)
+{
+    if (!document.origin.isEmpty())
+        return QFileInfo(document.origin).fileName();
+    return document.sections.isEmpty() ? QString() : document.sections.constFirst().title;
+}
+
+enum class Answer { Recover, Discard, Later };
+
+Answer ask(const QString &text)
+{
+    QMessageBox box(QMessageBox::Question, tr("Recovery"), text);
+    box.setTextFormat(Qt::PlainText);
+    QPushButton *recover = box.addButton(tr("&Recover"), QMessageBox::AcceptRole);
+    QPushButton *discard = box.addButton(tr("&Discard"), QMessageBox::DestructiveRole);
+    QPushButton *later = box.addButton(tr("&Later"), QMessageBox::RejectRole);
+    box.setDefaultButton(recover);
+    box.setEscapeButton(later);
+    box.exec();
+    return box.clickedButton() == recover ? Answer::Recover
+           : box.clickedButton() == discard ? Answer::Discard
+                                            : Answer::Later;
+}
+
+/// True if it is in a window now.
+bool offer(std::unique_ptr<RecoveryFile> file)
+{
+    const QString path = file->path();
+    try {
+        const QString name = name_of(from_bytes(read_file(path)));
+        const QString time = QLocale().toString(QFileInfo(path).lastModified(), QLocale::ShortFormat);
+        const Answer answer = ask(tr("“%1” was not saved when the program ended. There is a copy of %2.").arg(name, time));
+        if (answer == Answer::Discard)
+            file->remove();
+        if (answer != Answer::Recover)
+            return false;
+        auto *window = new Window(std::move(file));
+        window->recover();
+        window->show();
+        return true;
+    } catch (const FileError &error) {
+        QMessageBox::warning(nullptr, tr("Recovery"), tr("The copy “%1” is of no use: %2").arg(path, error.reason()));
+        return false;
+    }
+}
+
+} // namespace
+
+bool offer_recovery()
+{
+    bool has_window = false;
+    for (std::unique_ptr<RecoveryFile> &file : RecoveryFile::left_behind())
+        has_window |= offer(std::move(file));
+    return has_window;
+}
+
+} // namespace document_editor

@@ -1,0 +1,186 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include "document_file.h"
+#include "file_error.h"
+#include "files.h"
+#include "recovery_file.h"
+
+#include "support/test_support.h"
+
+#include <my_classes/custom_text_editor.h>
+
+#include <QtCore/QCryptographicHash>
+#include <QtCore/QRandomGenerator>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+
+#include <csignal>
+#include <sys/resource.h>
+
+using namespace Qt::StringLiterals;
+using namespace document_editor;
+
+/// The file format and the recovery files, without a window.
+class TstDocumentFile : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { test_support::fail_on_warnings(); }
+
+    void gives_back_every_byte();
+    void tells_what_is_wrong();
+    void refuses_every_damage();
+    void replaces_a_file_or_leaves_it();
+    void recovery_files_are_their_own();
+    void full_disk_keeps_the_earlier_copy();
+};
+
+namespace {
+
+QString reason_of(const std::function<void()> &action)
+{
+    try {
+        action();
+    } catch (const FileError &error) {
+        return error.reason();
+    }
+    return {};
+}
+
+bool same(const Document &a, const Document &b)
+{
+    return a.origin == b.origin &&
+           std::equal(a.sections.begin(), a.sections.end(), b.sections.begin(), b.sections.end(),
+                      [](const Section &x, const Section &y) {
+                          return x.title == y.title && x.language == y.language && x.html == y.html;
+                      });
+}
+
+Document small_document()
+{
+    my_classes::CustomTextEditor editor({});
+    editor.set_html_content(u"<h1>Häuser</h1><ul><li>eins</li></ul><p>中文 <b>שלום</b></p>"_s);
+    return {{{u"One"_s, u"en_US"_s, editor.get_html_content()}, {u"Two"_s, u"es"_s, u"<p>two</p>"_s}}, {}};
+}
+
+} // namespace
+
+void TstDocumentFile::gives_back_every_byte()
+{
+    const Document plain = small_document();
+    // A section that holds the markers of the file, and one that holds another whole file.
+    const QString markers = u"</section>\n</body>\n</html>\n<!-- sha256 00 -->\n<section lang=\"\" data-bytes=\"3\">"_s;
+    Document hostile = plain;
+    hostile.origin = u"/home/a \"b\"/<c>&amp;\n.html"_s;
+    hostile.sections += {u"</h1></title><script>alert(1)</script>&amp;amp;\r\n\t "_s, {}, markers};
+    hostile.sections += {u"<!-- "_s, u"\" onload=\"x"_s, QString::fromUtf8(to_bytes(plain))};
+    hostile.sections += {{}, u"de_CH"_s, u"\0\r\n\u2028\U0001F600"_s};
+    for (const Document &document : {plain, hostile, Document()})
+        QVERIFY(same(from_bytes(to_bytes(document)), document));
+
+    const QByteArray bytes = to_bytes(hostile);
+    QVERIFY(!bytes.contains("<script>"));
+    QVERIFY(bytes.contains("Content-Security-Policy"));
+    QVERIFY(bytes.contains("Häuser")); // as any browser reads it
+}
+
+void TstDocumentFile::tells_what_is_wrong()
+{
+    const QByteArray bytes = to_bytes(small_document());
+    const auto reason = [](const QByteArray &what) { return reason_of([what] { from_bytes(what); }); };
+    QVERIFY(reason("<html><body>Hello</body></html>").contains("no document"_L1));
+    QVERIFY(reason({}).contains("no document"_L1));
+    QVERIFY(reason(QByteArray(bytes).replace("document\" content=\"1", "document\" content=\"2")).contains("newer"_L1));
+    QVERIFY(reason(bytes + '\n').contains("damaged"_L1));
+    QVERIFY(reason_of([] { read_file(u"/nowhere/at all"_s); }).contains("/nowhere/at all"_L1));
+    QVERIFY(reason_of([] { read_file(u"/dev/zero"_s); }).contains("no file"_L1));
+}
+
+void TstDocumentFile::refuses_every_damage()
+{
+    const QByteArray bytes = to_bytes(small_document());
+    auto *random = QRandomGenerator::global();
+    for (int i = 0; i < 400; ++i) {
+        QByteArray damaged = bytes;
+        const int at = random->bounded(int(bytes.size()));
+        if (i % 2)
+            damaged.truncate(at);
+        else
+            damaged[at] = char(damaged[at] ^ (1 << random->bounded(8)));
+        QVERIFY2(!reason_of([&] { from_bytes(damaged); }).isEmpty(), damaged.constData());
+    }
+    // With a checksum that fits, by someone who means it.
+    QByteArray lying = bytes.first(bytes.lastIndexOf("<!-- sha256 "));
+    lying.replace("data-bytes=\"", "data-bytes=\"9999999999999999");
+    lying += "<!-- sha256 " + QCryptographicHash::hash(lying, QCryptographicHash::Sha256).toHex() + " -->\n";
+    QVERIFY(reason_of([&] { from_bytes(lying); }).contains("damaged"_L1));
+}
+
+void TstDocumentFile::replaces_a_file_or_leaves_it()
+{
+    QTemporaryDir directory;
+    const QString path = directory.filePath(u"a.html"_s);
+    write_file(path, "old");
+    write_file(path, "new");
+    QCOMPARE(read_file(path), "new");
+    QVERIFY(reason_of([&] { write_file(directory.filePath(u"none/a.html"_s), "x"); }).contains("none"_L1));
+    QCOMPARE(QDir(directory.path()).entryList(QDir::Files), QStringList(u"a.html"_s));
+}
+
+void TstDocumentFile::recovery_files_are_their_own()
+{
+    Document document = small_document();
+    QVERIFY(RecoveryFile::left_behind().empty());
+    auto first = std::make_unique<RecoveryFile>();
+    RecoveryFile second;
+    for (RecoveryFile *file : {first.get(), &second}) {
+        QSignalSpy written(file, &RecoveryFile::written);
+        file->write({});
+        file->write(document); // the later one counts
+        QTRY_COMPARE(written.count(), 2);
+        QVERIFY(same(from_bytes(read_file(file->path())), document));
+    }
+    QVERIFY(RecoveryFile::left_behind().empty()); // both are held
+
+    const QString path = first->path();
+    first.reset();
+    {
+        const auto found = RecoveryFile::left_behind();
+        QCOMPARE(found.size(), 1u);
+        QCOMPARE(found.front()->path(), path);
+        QVERIFY(RecoveryFile::left_behind().empty());
+        found.front()->remove();
+    }
+    QVERIFY(!QFile::exists(path));
+    second.remove();
+    QTRY_VERIFY(!QFile::exists(second.path()));
+}
+
+void TstDocumentFile::full_disk_keeps_the_earlier_copy()
+{
+    RecoveryFile file;
+    QSignalSpy written(&file, &RecoveryFile::written);
+    QSignalSpy failed(&file, &RecoveryFile::failed);
+    const Document document = small_document();
+    file.write(document);
+    QTRY_COMPARE(written.count(), 1);
+
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit = {};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit small = {1000, limit.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    file.write({{{u"Large"_s, {}, QString(100000, u'x')}}, {}});
+    const bool has_failed = failed.wait();
+    setrlimit(RLIMIT_FSIZE, &limit);
+    QVERIFY(has_failed);
+    QVERIFY(failed.at(0).at(0).toString().contains(file.path()));
+    QVERIFY(same(from_bytes(read_file(file.path())), document));
+    file.remove();
+}
+
+MY_CLASSES_TEST_MAIN(TstDocumentFile)
+
+#include "tst_document_file.moc"

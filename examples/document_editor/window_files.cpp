@@ -1,0 +1,260 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include "autosave.h"
+#include "document_file.h"
+#include "exporter.h"
+#include "file_error.h"
+#include "file_watch.h"
+#include "files.h"
+#include "importer.h"
+#include "loading_bar.h"
+#include "preferences.h"
+#include "recent_files.h"
+#include "section_page.h"
+#include "section_tabs.h"
+#include "window.h"
+
+#include <QtCore/QFileInfo>
+#include <QtCore/QTemporaryDir>
+#include <QtPrintSupport/QPrintDialog>
+#include <QtPrintSupport/QPrintPreviewDialog>
+#include <QtPrintSupport/QPrinter>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QInputDialog>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QStatusBar>
+
+namespace document_editor {
+
+using namespace Qt::StringLiterals;
+using my_classes::DownloadDialog;
+using my_classes::DownloadOutcome;
+
+namespace {
+
+constexpr int k_message_time = 5000; // milliseconds
+constexpr int k_progress_delay = 500;
+
+} // namespace
+
+void Window::new_section()
+{
+    m_tabs->add_section({tr("Section"), Preferences::instance().language(), {}});
+}
+
+void Window::choose_files_to_open()
+{
+    const QString directory = QFileInfo(m_path).path();
+    const QStringList paths =
+        QFileDialog::getOpenFileNames(this, tr("Open"), directory, tr("Documents (*.html);;All files (*)"));
+    for (const QString &path : paths)
+        open(path);
+}
+
+void Window::open(const QString &path)
+{
+    try {
+        const QByteArray bytes = read_file(path);
+        if (!is_document(bytes)) {
+            offer_import(path);
+            return;
+        }
+        const Document document = from_bytes(bytes);
+        Window *window = m_tabs->is_untouched() && m_path.isEmpty() ? this : new Window;
+        window->show_document(document, QFileInfo(path).absoluteFilePath());
+        window->show();
+        RecentFiles::add(path);
+    } catch (const FileError &error) {
+        complain(tr("“%1” cannot be opened.\n\n%2").arg(QFileInfo(path).fileName(), error.reason()));
+    }
+}
+
+void Window::show_document(const Document &document, const QString &path)
+{
+    m_tabs->set_document(document);
+    set_path(path);
+    m_loading->start();
+}
+
+void Window::recover()
+{
+    const Document document = from_bytes(read_file(m_recovery_path));
+    show_document(document, document.origin);
+    m_tabs->set_modified(true);
+}
+
+bool Window::save()
+{
+    if (m_path.isEmpty())
+        return save_as();
+    if (m_watch->has_changed()) {
+        const auto answer = QMessageBox::question(
+            this, tr("Save"), tr("“%1” was changed by another program. Replace it?").arg(name()),
+            QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Cancel);
+        if (answer != QMessageBox::Yes)
+            return false;
+    }
+    return write_to(m_path);
+}
+
+bool Window::save_as()
+{
+    QFileDialog dialog(this, tr("Save As"), m_path.isEmpty() ? QString() : QFileInfo(m_path).path(),
+                       tr("Documents (*.html)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(u"html"_s);
+    dialog.selectFile(m_path.isEmpty() ? tr("Untitled.html") : name());
+    return dialog.exec() == QDialog::Accepted && write_to(dialog.selectedFiles().value(0));
+}
+
+bool Window::write_to(const QString &path)
+{
+    try {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        write_file(path, to_bytes(m_tabs->document()));
+        QApplication::restoreOverrideCursor();
+    } catch (const FileError &error) {
+        QApplication::restoreOverrideCursor();
+        complain(tr("The document was not saved.\n\n%1").arg(error.reason()));
+        return false;
+    }
+    m_tabs->set_modified(false);
+    set_path(QFileInfo(path).absoluteFilePath());
+    RecentFiles::add(path);
+    statusBar()->showMessage(tr("Saved"), k_message_time);
+    return true;
+}
+
+bool Window::may_lose_changes()
+{
+    if (!m_tabs->is_modified())
+        return true;
+    const auto answer = QMessageBox::warning(this, tr("Document Editor"), tr("Save the changes to “%1”?").arg(name()),
+                                             QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
+    return answer == QMessageBox::Discard || (answer == QMessageBox::Save && save());
+}
+
+void Window::file_has_changed()
+{
+    if (m_asks_about_file || !isActiveWindow() || !m_watch->has_changed())
+        return;
+    m_asks_about_file = true;
+    const QString question = m_tabs->is_modified()
+                                 ? tr("“%1” was changed by another program. Load it, and lose what you changed here?")
+                                 : tr("“%1” was changed by another program. Load it again?");
+    const auto answer = QMessageBox::question(this, tr("Document Editor"), question.arg(name()));
+    m_asks_about_file = false;
+    if (answer != QMessageBox::Yes) {
+        m_watch->take_as_known(m_path);
+        m_tabs->set_modified(true); // this is not what the file holds
+        return;
+    }
+    try {
+        show_document(from_bytes(read_file(m_path)), m_path);
+    } catch (const FileError &error) {
+        m_watch->take_as_known(m_path);
+        m_tabs->set_modified(true);
+        complain(error.reason());
+    }
+}
+
+void Window::choose_files_to_import()
+{
+    import_files(QFileDialog::getOpenFileNames(this, tr("Import"), QFileInfo(m_path).path(), import_filter()));
+}
+
+void Window::offer_import(const QString &path)
+{
+    const QString question = tr("“%1” is no document of this program. Import it as a new section?");
+    if (QMessageBox::question(this, tr("Open"), question.arg(QFileInfo(path).fileName())) == QMessageBox::Yes)
+        import_files({path});
+}
+
+void Window::import_files(const QStringList &paths)
+{
+    for (const QString &path : paths) {
+        try {
+            Section section = import_section(path);
+            section.language = Preferences::instance().language();
+            m_tabs->add_section(section);
+        } catch (const FileError &error) {
+            complain(error.reason());
+        }
+    }
+}
+
+void Window::download()
+{
+    const QString address = QInputDialog::getText(this, tr("Download into a Section"), tr("Address:")).trimmed();
+    if (address.isEmpty())
+        return;
+    const QTemporaryDir directory;
+    const QString name = QFileInfo(QUrl(address).path()).fileName();
+    const QString path = directory.filePath(name.isEmpty() ? u"index.html"_s : name);
+    DownloadDialog dialog(address, path, tr("Downloading %1").arg(address), this);
+    connect(&dialog, &DownloadDialog::download_ended, &dialog, &QWidget::close); // the reason comes in a box
+    dialog.exec();
+    if (dialog.outcome() == DownloadOutcome::Completed)
+        import_files({path});
+    else if (dialog.outcome() == DownloadOutcome::Failed)
+        complain(tr("%1 was not downloaded.\n\n%2").arg(address, dialog.error_text()));
+}
+
+void Window::export_to_file(const QList<SectionPage *> &pages, const QString &title)
+{
+    QFileDialog dialog(this, tr("Export"), QFileInfo(m_path).path(), export_filter());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(u"pdf"_s);
+    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString &filter) {
+        dialog.setDefaultSuffix(filter.section(u"*."_s, 1).chopped(1));
+    });
+    dialog.selectFile(title + ".pdf"_L1);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const QString path = dialog.selectedFiles().value(0);
+
+    QProgressDialog waiting(tr("Exporting %1").arg(QFileInfo(path).fileName()), tr("Cancel"), 0, 0, this);
+    waiting.setWindowModality(Qt::WindowModal);
+    waiting.setMinimumDuration(k_progress_delay);
+    const auto progress = [&waiting](int done, int all) {
+        waiting.setMaximum(all);
+        waiting.setValue(done);
+        return !waiting.wasCanceled();
+    };
+    try {
+        const bool done = export_pages(pages, path, title, progress);
+        statusBar()->showMessage(done ? tr("Exported to %1").arg(path) : tr("Nothing was exported"), k_message_time);
+    } catch (const FileError &error) {
+        complain(error.reason());
+    }
+}
+
+void Window::print_pages(QPrinter *printer)
+{
+    QList<const my_classes::CustomTextEditor *> editors;
+    const QList<SectionPage *> pages = m_tabs->pages();
+    for (SectionPage *page : pages) {
+        page->load();
+        editors.append(page->editor);
+    }
+    my_classes::CustomTextEditor::print_all_to(printer, editors, QFileInfo(name()).completeBaseName());
+}
+
+void Window::print()
+{
+    QPrinter printer(QPrinter::HighResolution);
+    if (QPrintDialog(&printer, this).exec() == QDialog::Accepted)
+        print_pages(&printer);
+}
+
+void Window::preview_print()
+{
+    QPrinter printer(QPrinter::HighResolution);
+    QPrintPreviewDialog dialog(&printer, this);
+    connect(&dialog, &QPrintPreviewDialog::paintRequested, this, &Window::print_pages);
+    dialog.exec();
+}
+
+} // namespace document_editor
