@@ -25,7 +25,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int k_margin = 20;             // millimetres
+constexpr int k_margin = 20;              // millimetres
 constexpr int k_characters_a_page = 2500; // about
 
 QString tr(const char *text)

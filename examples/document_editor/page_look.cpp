@@ -30,9 +30,12 @@ struct PaperColours
 PaperColours colours_of(Paper paper)
 {
     switch (paper) {
-    case Paper::Light: return {Qt::white, Qt::black};
-    case Paper::Dark: return {QColor(0x20, 0x20, 0x20), QColor(0xe4, 0xe4, 0xe4)};
-    case Paper::System: break;
+    case Paper::Light:
+        return {Qt::white, Qt::black};
+    case Paper::Dark:
+        return {QColor(0x20, 0x20, 0x20), QColor(0xe4, 0xe4, 0xe4)};
+    case Paper::System:
+        break;
     }
     return {QApplication::palette().color(QPalette::Base), QApplication::palette().color(QPalette::Text)};
 }

@@ -42,7 +42,7 @@ Answer ask(const QString &text)
     box.setDefaultButton(recover);
     box.setEscapeButton(later);
     box.exec();
-    return box.clickedButton() == recover ? Answer::Recover
+    return box.clickedButton() == recover   ? Answer::Recover
            : box.clickedButton() == discard ? Answer::Discard
                                             : Answer::Later;
 }
@@ -54,7 +54,8 @@ bool offer(std::unique_ptr<RecoveryFile> file)
     try {
         const QString name = name_of(from_bytes(read_file(path)));
         const QString time = QLocale().toString(QFileInfo(path).lastModified(), QLocale::ShortFormat);
-        const Answer answer = ask(tr("“%1” was not saved when the program ended. There is a copy of %2.").arg(name, time));
+        const Answer answer =
+            ask(tr("“%1” was not saved when the program ended. There is a copy of %2.").arg(name, time));
         if (answer == Answer::Discard)
             file->remove();
         if (answer != Answer::Recover)

@@ -173,8 +173,8 @@ void Window::changeEvent(QEvent *event)
 
 bool Window::eventFilter(QObject *watched, QEvent *event)
 {
-    const bool is_drop = event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove ||
-                         event->type() == QEvent::Drop;
+    const bool is_drop =
+        event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove || event->type() == QEvent::Drop;
     const QStringList paths = is_drop ? dropped_files(static_cast<QDropEvent *>(event)->mimeData()) : QStringList();
     if (paths.isEmpty())
         return QMainWindow::eventFilter(watched, event);

@@ -90,9 +90,9 @@ bool Window::save()
     if (m_path.isEmpty())
         return save_as();
     if (m_watch->has_changed()) {
-        const auto answer = QMessageBox::question(
-            this, tr("Save"), tr("“%1” was changed by another program. Replace it?").arg(name()),
-            QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Cancel);
+        const auto answer =
+            QMessageBox::question(this, tr("Save"), tr("“%1” was changed by another program. Replace it?").arg(name()),
+                                  QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Cancel);
         if (answer != QMessageBox::Yes)
             return false;
     }
@@ -207,9 +207,8 @@ void Window::export_to_file(const QList<SectionPage *> &pages, const QString &ti
     QFileDialog dialog(this, tr("Export"), QFileInfo(m_path).path(), export_filter());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(u"pdf"_s);
-    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString &filter) {
-        dialog.setDefaultSuffix(filter.section(u"*."_s, 1).chopped(1));
-    });
+    connect(&dialog, &QFileDialog::filterSelected, &dialog,
+            [&dialog](const QString &filter) { dialog.setDefaultSuffix(filter.section(u"*."_s, 1).chopped(1)); });
     dialog.selectFile(title + ".pdf"_L1);
     if (dialog.exec() != QDialog::Accepted)
         return;

@@ -51,11 +51,11 @@ QString reason_of(const std::function<void()> &action)
 
 bool same(const Document &a, const Document &b)
 {
-    return a.origin == b.origin &&
-           std::equal(a.sections.begin(), a.sections.end(), b.sections.begin(), b.sections.end(),
-                      [](const Section &x, const Section &y) {
-                          return x.title == y.title && x.language == y.language && x.html == y.html;
-                      });
+    return a.origin == b.origin && std::equal(a.sections.begin(), a.sections.end(), b.sections.begin(),
+                                              b.sections.end(), [](const Section &x, const Section &y) {
+                                                  return x.title == y.title && x.language == y.language &&
+                                                         x.html == y.html;
+                                              });
 }
 
 Document small_document()
