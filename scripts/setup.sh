@@ -8,7 +8,7 @@ repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libenchant-2-dev hunspell-en-us fonts-liberation)
 headless_packages=(xvfb openbox xdotool imagemagick) # an X server without a screen, and hands and eyes for it
 test_packages=(hunspell-es openssl)
-ci_packages=(git clang clang-format)
+ci_packages=(git clang clang-format clang-tidy clazy reuse)
 bench_packages=(nginx-light curl python3)
 
 # What stands for the packages on a system that has other ones: commands and pkg-config modules.
@@ -16,7 +16,7 @@ build_commands=(cmake ninja c++ pkg-config)
 build_modules=(Qt6PrintSupport enchant-2)
 headless_commands=(Xvfb openbox xdotool import)
 test_commands=(openssl)
-ci_commands=(git clang++ clang-format)
+ci_commands=(git clang++ clang-format clang-tidy clazy reuse)
 bench_commands=(nginx curl python3)
 
 as_root() {
