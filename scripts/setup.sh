@@ -5,7 +5,7 @@
 set -euo pipefail
 repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
-build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libenchant-2-dev hunspell-en-us fonts-liberation)
+build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-tools-dev qt6-l10n-tools libenchant-2-dev hunspell-en-us fonts-liberation)
 headless_packages=(xvfb openbox xdotool imagemagick) # an X server without a screen, and hands and eyes for it
 test_packages=(hunspell-es openssl)
 ci_packages=(git clang clang-format clang-tidy clazy reuse)

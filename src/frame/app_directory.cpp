@@ -16,11 +16,11 @@
 
 using namespace Qt::StringLiterals;
 
-#ifdef MY_CLASSES_EMBEDS_ICONS
+#ifdef MY_CLASSES_EMBEDS_DATA
 // The linker drops a static library's resources unless something asks for them; the macro does not work in a namespace.
-static void keep_embedded_icons()
+static void keep_embedded_data()
 {
-    Q_INIT_RESOURCE(my_classes_icons);
+    Q_INIT_RESOURCE(my_classes_data);
 }
 #endif
 
@@ -90,8 +90,8 @@ QString get_app_directory()
             return place;
     }
 
-#ifdef MY_CLASSES_EMBEDS_ICONS
-    keep_embedded_icons();
+#ifdef MY_CLASSES_EMBEDS_DATA
+    keep_embedded_data();
     return u":/my_classes"_s;
 #else
     return module.isEmpty() ? QDir::currentPath() : module;

@@ -20,6 +20,7 @@
 #include <my_classes/my_utils.h>
 #include <my_classes/search_dialog.h>
 #include <my_classes/table_dimension_input_dialog.h>
+#include <my_classes/translations.h>
 #include <my_classes/version.h>
 
 #include <QtGui/QTextDocument>

@@ -1,0 +1,177 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include "support/test_support.h"
+
+#include <my_classes/my_classes.h>
+
+#include <QtCore/QScopeGuard>
+#include <QtCore/QTranslator>
+#include <QtGui/QAction>
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QStatusBar>
+#include <QtWidgets/QToolBar>
+
+using namespace my_classes;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Marks every text that goes through translation; Qt's own, too.
+class PseudoTranslator : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char *, const char *source, const char *, int) const override
+    {
+        return u"‹%1›"_s.arg(QString::fromUtf8(source));
+    }
+};
+
+/// What a person sees, hovers over or hears of `widget` and what is in it.
+QStringList texts_of(QWidget *widget)
+{
+    QStringList texts;
+    QList<QWidget *> widgets = widget->findChildren<QWidget *>();
+    widgets.append(widget);
+    for (QWidget *part : std::as_const(widgets)) {
+        texts << part->windowTitle() << part->toolTip() << part->statusTip() << part->accessibleName()
+              << part->accessibleDescription();
+        if (const auto *label = qobject_cast<QLabel *>(part))
+            texts << label->text();
+        if (const auto *button = qobject_cast<QAbstractButton *>(part))
+            texts << button->text();
+        if (const auto *field = qobject_cast<QLineEdit *>(part))
+            texts << field->placeholderText();
+        if (const auto *box = qobject_cast<QComboBox *>(part))
+            texts << box->placeholderText();
+        if (const auto *bar = qobject_cast<QStatusBar *>(part))
+            texts << bar->currentMessage();
+        for (const QAction *action : part->actions())
+            texts << action->text() << action->toolTip();
+    }
+    return texts;
+}
+
+/// Those texts of `widget` that hold a word and went through no translation.
+QStringList left_out(QWidget *widget)
+{
+    const QRegularExpression word(u"\\p{L}{2}"_s);
+    QStringList left;
+    for (const QString &text : texts_of(widget)) {
+        if (text.contains(word) && !text.contains(u'‹') && !left.contains(text))
+            left << text;
+    }
+    return left;
+}
+
+/// Runs `action`, which opens a modal dialog, and gives back what that leaves out.
+QStringList left_out_of_dialog(const std::function<void()> &action)
+{
+    QStringList left{u"no dialog"_s};
+    test_support::answer_next_dialog([&left](QDialog *dialog) {
+        left = left_out(dialog);
+        dialog->reject();
+    });
+    action();
+    return left;
+}
+
+} // namespace
+
+class TstTranslations : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { test_support::fail_on_warnings(); }
+    void catalogues();
+    void no_text_is_left_out();
+};
+
+void TstTranslations::catalogues()
+{
+    const auto title = [] { return DownloadDialog(u"none:"_s, {}, {}).windowTitle(); };
+    const auto statistics = [] {
+        CustomTextEditor editor(std::nullopt);
+        editor.set_text_content(u"One. Two words."_s);
+        editor.text_edit->selectAll();
+        return editor.word_count_label->text();
+    };
+    const auto refusal = [] {
+        QMainWindow window;
+        auto *tabs = new EditableTabWidget;
+        window.setCentralWidget(tabs);
+        tabs->addTab(new QWidget, u"One"_s);
+        tabs->editTabTitle(0);
+        tabs->line_edit->clear();
+        tabs->finishEditTabTitle(0);
+        return window.statusBar()->currentMessage();
+    };
+    const QString plain = statistics();
+    QCOMPARE(title(), u"Download File"_s);
+    QCOMPARE(refusal(), u"El título de la pestaña no puede estar vacío."_s);
+
+    const auto back = qScopeGuard([] { install_translation(QLocale::c()); });
+    QVERIFY(install_translation(QLocale(u"en_GB"_s)));
+    QCOMPARE(refusal(), u"The title of the tab cannot be empty."_s);
+    QCOMPARE(statistics(), plain); // the English plural forms are those without a catalogue
+    QVERIFY(install_translation(QLocale(u"es_MX"_s)));
+    QCOMPARE(title(), u"Descargar archivo"_s);
+    QCOMPARE(refusal(), u"El título de la pestaña no puede estar vacío."_s);
+    QVERIFY(statistics() != plain);
+
+    QVERIFY(!install_translation(QLocale(u"tlh"_s))); // the texts without any catalogue
+    QCOMPARE(title(), u"Download File"_s);
+}
+
+void TstTranslations::no_text_is_left_out()
+{
+    PseudoTranslator translator;
+    QCoreApplication::installTranslator(&translator);
+
+    MainWindow window;
+    window.show();
+    window.text_editor->set_text_content(u"A chaptre."_s);
+    window.text_editor->check_spelling();
+    QCOMPARE(left_out(&window), QStringList());
+    QCOMPARE(left_out_of_dialog([&] { window.text_editor->insert_table(); }), QStringList());
+
+    SearchDialog search(window.text_editor->text_edit);
+    search.show();
+    QCOMPARE(left_out(&search), QStringList());
+    search.search_input->setText(u"nowhere"_s);
+    QCOMPARE(left_out_of_dialog([&] { search.find_next(); }), QStringList());
+    QCOMPARE(left_out_of_dialog([&] { search.find_all_matches(); }), QStringList());
+    QCOMPARE(left_out_of_dialog([&] { search.replace_all(); }), QStringList());
+
+    ImageSizeInputDialog size(16, 9);
+    QCOMPARE(left_out(&size), QStringList());
+
+    QMainWindow host;
+    auto *tabs = new EditableTabWidget;
+    host.setCentralWidget(tabs);
+    tabs->addTab(new QWidget, u"1"_s);
+    tabs->addTab(new QWidget, u"2"_s);
+    tabs->editTabTitle(0);
+    tabs->line_edit->setText(u"2"_s);
+    tabs->finishEditTabTitle(0);
+    QCOMPARE(left_out(&host), QStringList());
+    QCOMPARE(left_out_of_dialog([&] { tabs->closeTab(0); }), QStringList());
+    QCOMPARE(left_out_of_dialog([&] { tabs->msgbox_confirm(u"?"_s); }), QStringList());
+
+    DownloadDialog failing(u"none:"_s, {}, {});
+    QCOMPARE(left_out(&failing), QStringList());
+    QTRY_COMPARE(failing.outcome(), DownloadOutcome::Failed);
+    QCOMPARE(left_out(&failing), QStringList());
+    DownloadDialog cancelled(u"none:"_s, {}, {});
+    cancelled.cancel();
+    QCOMPARE(left_out(&cancelled), QStringList());
+}
+
+MY_CLASSES_TEST_MAIN(TstTranslations)
+#include "tst_translations.moc"
