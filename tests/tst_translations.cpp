@@ -166,7 +166,7 @@ void TstTranslations::no_text_is_left_out()
 
     DownloadDialog failing(u"none:"_s, {}, {});
     QCOMPARE(left_out(&failing), QStringList());
-    QTRY_COMPARE(failing.outcome(), DownloadOutcome::Failed);
+    QTRY_COMPARE(failing.labelText(), u"‹Error en la descarga›"_s);
     QCOMPARE(left_out(&failing), QStringList());
     DownloadDialog cancelled(u"none:"_s, {}, {});
     cancelled.cancel();

@@ -144,7 +144,8 @@ void TstWords::added_and_ignored_words_lose_their_underlines()
     editor.ignore_word(u""_s);
     QVERIFY(added.size() == 1 && edits.isEmpty() && !editor.text_edit->document()->isModified());
 
-    QVERIFY(!editor.is_misspelled(u"QIGNOR"_s) && other.is_misspelled(u"qignor"_s) && !other.is_misspelled(u"qadder"_s));
+    QVERIFY(!editor.is_misspelled(u"QIGNOR"_s) && other.is_misspelled(u"qignor"_s) &&
+            !other.is_misspelled(u"qadder"_s));
     QSignalSpy done(&editor, &CustomTextEditor::check_spelling_done);
     editor.check_spelling();
     QCOMPARE(done.value(0).value(0).value<QSet<QString>>(), QSet{u"teh"_s});
@@ -166,11 +167,16 @@ void TstWords::languages_have_names()
     for (const QString &none : {u""_s, u"tlh"_s, u"en_XX"_s, u"../../en_US"_s})
         QVERIFY(!MySpellChecker::is_available(none));
     const std::pair<QString, QString> names[] = {
-        {u"es_ES"_s, u"Español (España)"_s},    {u"en_US"_s, u"English (United States)"_s},
-        {u"en-GB"_s, u"English (United Kingdom)"_s}, {u"de_AT"_s, u"Deutsch (Österreich)"_s},
-        {u"pt_BR"_s, u"Português (Brasil)"_s},  {u"fr"_s, u"Français"_s},
-        {u"eo"_s, u"Esperanto"_s},              {u"en_XX"_s, u"English (XX)"_s},
-        {u"qa_QX"_s, u"qa_QX"_s},               {u""_s, u""_s},
+        {u"es_ES"_s, u"Español (España)"_s},
+        {u"en_US"_s, u"English (United States)"_s},
+        {u"en-GB"_s, u"English (United Kingdom)"_s},
+        {u"de_AT"_s, u"Deutsch (Österreich)"_s},
+        {u"pt_BR"_s, u"Português (Brasil)"_s},
+        {u"fr"_s, u"Français"_s},
+        {u"eo"_s, u"Esperanto"_s},
+        {u"en_XX"_s, u"English (XX)"_s},
+        {u"qa_QX"_s, u"qa_QX"_s},
+        {u""_s, u""_s},
     };
     for (const auto &[lang, name] : names)
         QCOMPARE(MySpellChecker::language_name(lang), name);

@@ -136,7 +136,8 @@ void CustomTextEditor::take_underlines_away(const QString &word)
 {
     const QString form = my_spellchecker::comparable(word);
     QSet<QString> listed = highlighter->misspelled;
-    listed.removeIf([&](const QString &one) { return my_spellchecker::comparable(one) == form && !is_misspelled(one); });
+    listed.removeIf(
+        [&](const QString &one) { return my_spellchecker::comparable(one) == form && !is_misspelled(one); });
     if (listed.size() == highlighter->misspelled.size())
         return;
     {
