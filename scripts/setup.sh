@@ -7,7 +7,7 @@ repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-tools-dev qt6-l10n-tools libenchant-2-dev hunspell-en-us fonts-liberation)
 headless_packages=(xvfb openbox xdotool imagemagick) # an X server without a screen, and hands and eyes for it
-test_packages=(hunspell-es openssl)
+test_packages=(hunspell-es openssl nginx-light)
 ci_packages=(git clang clang-format clang-tidy clazy reuse)
 bench_packages=(nginx-light curl python3)
 
@@ -15,8 +15,8 @@ bench_packages=(nginx-light curl python3)
 build_commands=(cmake ninja c++ pkg-config)
 build_modules=(Qt6PrintSupport enchant-2)
 headless_commands=(Xvfb openbox xdotool import)
-test_commands=(openssl)
-ci_commands=(git clang++ clang-format clang-tidy clazy reuse)
+test_packages=(hunspell-es openssl nginx-light)
+ci_packages=(git clang clang-format clang-tidy clazy reuse)
 bench_commands=(nginx curl python3)
 
 as_root() {

@@ -12,6 +12,9 @@
 #include <QtCore/QPointer>
 #include <QtCore/QProcess>
 #include <QtCore/QRandomGenerator>
+#include <QtCore/QScopeGuard>
+#include <QtCore/QSemaphore>
+#include <QtGui/QHelpEvent>
 #include <QtNetwork/QSslKey>
 #include <QtNetwork/QSslServer>
 #include <QtTest/QSignalSpy>
@@ -19,9 +22,11 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QProgressBar>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QToolTip>
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace my_classes;
 using namespace Qt::StringLiterals;
@@ -65,16 +70,23 @@ private Q_SLOTS:
     void outcome_data();
     void outcome();
     void untrusted_certificate();
+    void http2_server_is_held_back();
     void progress_is_truncated();
     void slow_disk_holds_the_server_back_data();
     void slow_disk_holds_the_server_back();
     void cancelled_before_start_is_forgotten();
     void cancelled_at_any_moment();
     void cancelled_after_the_end();
+    void cancelled_while_the_end_is_told();
+    void cancelled_before_the_file_is_opened();
+    void cancelled_with_an_unusable_address();
     void destroyed_at_any_moment();
+    void destroyed_during_a_redirect();
     void nothing_is_left_over();
 
     void dialog_success();
+    void dialog_exec_returns_at_the_outcome();
+    void dialog_tool_tip();
     void dialog_failure_is_seen_for_ten_seconds();
     void dialog_failure_before_it_is_shown();
     void dialog_cancel_data();
@@ -84,6 +96,7 @@ private Q_SLOTS:
 
 private:
     QString target() const { return m_directory->filePath(u"download"_s); }
+    QSslConfiguration self_signed() const;
 
     std::unique_ptr<QTemporaryDir> m_directory;
     HttpServer m_server;
@@ -125,6 +138,9 @@ void TstDownload::outcome_data()
     served("empty", HttpServer::status(ok), true, "", false);
     served("no length", HttpServer::raw(HttpServer::header(ok, "") + m_body, true), true, m_body, false);
     served("chunked", HttpServer::raw(chunked, false), true, m_body, false);
+    served("chunked with a length",
+           HttpServer::raw(QByteArray(chunked).insert(15 + 2, "Content-Length: 9999999\r\n"), false), true, m_body,
+           false);
     served("compressed", HttpServer::status(ok, qCompress(m_body).mid(4), "Content-Encoding: deflate\r\n"), true,
            m_body, false);
     const QByteArray large(8'000'000, 'x');
@@ -180,23 +196,30 @@ void TstDownload::outcome()
     QTEST(!progress.isEmpty(), "progress");
     if (success && !progress.isEmpty())
         QCOMPARE(progress.last()[0].toInt(), 100);
+    QCOMPARE(downloader.error_text().isEmpty(), success);
     QVERIFY(!downloader.reply);
     QTRY_COMPARE(downloader.isRunning(), path.isEmpty() || path == u"/dev/full"); // idles after a request
 }
 
-void TstDownload::untrusted_certificate()
+/// With a certificate and key of its own, which are in the test's folder then.
+QSslConfiguration TstDownload::self_signed() const
 {
     const QString key = m_directory->filePath(u"key"_s);
     const QString certificate = m_directory->filePath(u"certificate"_s);
-    QCOMPARE(QProcess::execute(u"openssl"_s, {u"req"_s, u"-x509"_s, u"-newkey"_s, u"ec"_s, u"-pkeyopt"_s,
-                                              u"ec_paramgen_curve:prime256v1"_s, u"-nodes"_s, u"-batch"_s, u"-subj"_s,
-                                              u"/CN=127.0.0.1"_s, u"-keyout"_s, key, u"-out"_s, certificate}),
-             0);
+    QProcess::execute(u"openssl"_s,
+                      {u"req"_s, u"-x509"_s, u"-newkey"_s, u"ec"_s, u"-pkeyopt"_s, u"ec_paramgen_curve:prime256v1"_s,
+                       u"-nodes"_s, u"-batch"_s, u"-subj"_s, u"/CN=127.0.0.1"_s, u"-addext"_s,
+                       u"subjectAltName=IP:127.0.0.1"_s, u"-keyout"_s, key, u"-out"_s, certificate});
     QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
     configuration.setPrivateKey(QSslKey(content_of(key), QSsl::Ec));
     configuration.setLocalCertificate(QSslCertificate(content_of(certificate)));
+    return configuration;
+}
+
+void TstDownload::untrusted_certificate()
+{
     QSslServer server;
-    server.setSslConfiguration(configuration);
+    server.setSslConfiguration(self_signed());
     QVERIFY(server.listen(QHostAddress::LocalHost));
     QSignalSpy failed_handshake(&server, &QSslServer::errorOccurred);
 
@@ -206,6 +229,68 @@ void TstDownload::untrusted_certificate()
     QTRY_COMPARE(finished.size(), 1);
     QCOMPARE(finished[0][0].toBool(), false);
     QTRY_VERIFY(!failed_handshake.isEmpty()); // it was the certificate, not a closed port
+}
+
+void TstDownload::http2_server_is_held_back()
+{
+    // Another process serves; what this one has of the body, and the pipe that nobody empties has not, is in its
+    // memory.
+    constexpr qint64 k_size = 64'000'000;
+    QSslConfiguration trusting = QSslConfiguration::defaultConfiguration();
+    const QSslConfiguration usual = trusting;
+    trusting.addCaCertificate(self_signed().localCertificate());
+    QSslConfiguration::setDefaultConfiguration(trusting);
+    const auto reset = qScopeGuard([&] { QSslConfiguration::setDefaultConfiguration(usual); });
+    QTcpServer closed;
+    closed.listen(QHostAddress::LocalHost);
+    const QString port = QString::number(closed.serverPort());
+    closed.close();
+
+    QFile large(m_directory->filePath(u"large"_s));
+    QVERIFY(large.open(QIODevice::WriteOnly) && large.resize(k_size));
+    QFile configuration(m_directory->filePath(u"nginx.conf"_s));
+    QVERIFY(configuration.open(QIODevice::WriteOnly));
+    configuration.write("daemon off; master_process off; pid pid; error_log log; events {}\n"
+                        "http { access_log access; client_body_temp_path t; proxy_temp_path t; fastcgi_temp_path t;\n"
+                        "uwsgi_temp_path t; scgi_temp_path t; server { root .; ssl_certificate certificate;\n"
+                        "ssl_certificate_key key; rewrite ^/moved$ /large redirect; listen 127.0.0.1:" +
+                        port.toLatin1() + " ssl http2; } }");
+    configuration.close();
+    QProcess server;
+    server.start(u"nginx"_s, {u"-p"_s, m_directory->path(), u"-c"_s, u"nginx.conf"_s, u"-e"_s, u"log"_s});
+    const auto stop = qScopeGuard([&] {
+        server.kill();
+        server.waitForFinished();
+    });
+    const auto is_up = [&] {
+        QTcpSocket socket;
+        socket.connectToHost(QHostAddress::LocalHost, port.toUShort());
+        return socket.waitForConnected(1000);
+    };
+    QTRY_VERIFY(is_up());
+
+    QCOMPARE(mkfifo(QFile::encodeName(target()).constData(), 0600), 0);
+    const int pipe = open(QFile::encodeName(target()).constData(), O_RDONLY | O_NONBLOCK);
+    const auto memory = [] {
+        return content_of(u"/proc/self/statm"_s).split(' ').value(1).toLongLong() * sysconf(_SC_PAGESIZE);
+    };
+    const qint64 memory_before = memory();
+    FileDownloader downloader(u"https://127.0.0.1:%1/moved"_s.arg(port), target());
+    QSignalSpy finished(&downloader, &FileDownloader::download_finished);
+    downloader.start();
+    qint64 arrived = 0;
+    QByteArray block(128 * 1024, Qt::Uninitialized);
+    const auto take = [&] { arrived += qMax<qint64>(0, read(pipe, block.data(), size_t(block.size()))); };
+    QTRY_VERIFY((take(), arrived > 0));
+    QTest::qWait(500);
+    const qint64 taken = memory() - memory_before;
+    QVERIFY2(taken < 24'000'000, QByteArray::number(taken));
+    standard_output_of([&] { downloader.cancel(); });
+    QTRY_VERIFY((take(), !finished.isEmpty()));
+    close(pipe);
+    server.terminate();
+    server.waitForFinished();
+    QVERIFY(content_of(m_directory->filePath(u"access"_s)).contains("GET /large HTTP/1.1"));
 }
 
 void TstDownload::progress_is_truncated()
@@ -334,6 +419,70 @@ void TstDownload::cancelled_after_the_end()
     QCOMPARE(content_of(target()), "no such page");
 }
 
+void TstDownload::cancelled_while_the_end_is_told()
+{
+    FileDownloader downloader(m_server.url("/whole"), target());
+    QSemaphore telling, cancelled;
+    QStringList heard;
+    const auto connect_directly = [&](auto signal, auto slot) {
+        connect(&downloader, signal, this, slot, Qt::DirectConnection);
+    };
+    connect_directly(&FileDownloader::download_finished, [&] {
+        telling.release();
+        cancelled.acquire();
+    });
+    connect_directly(&FileDownloader::download_finished,
+                     [&](bool success) { heard << (success ? u"success"_s : u"failure"_s); });
+    connect_directly(&FileDownloader::download_cancelled, [&] { heard << u"cancelled"_s; });
+    downloader.start();
+    QTRY_VERIFY(telling.available());
+    standard_output_of([&] { downloader.cancel(); });
+    cancelled.release();
+    QTRY_COMPARE(heard, (QStringList{u"success"_s, u"cancelled"_s}));
+    QCOMPARE(content_of(target()), m_body);
+}
+
+void TstDownload::cancelled_before_the_file_is_opened()
+{
+    QFile file(target());
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("mine") == 4);
+    file.close();
+    FileDownloader downloader(m_server.url("/whole"), target());
+    QSignalSpy finished(&downloader, &FileDownloader::download_finished);
+    connect(
+        &downloader, &QThread::started, this, [&] { downloader.cancel(); }, Qt::DirectConnection);
+    standard_output_of([&] {
+        downloader.start();
+        QTRY_COMPARE(finished.size(), 1);
+    });
+    QCOMPARE(content_of(target()), "mine");
+}
+
+void TstDownload::cancelled_with_an_unusable_address()
+{
+    for (int i = 0; i < 50; ++i) { // no warning, whenever it comes
+        FileDownloader downloader(u"nothing://127.0.0.1/"_s, target());
+        QSignalSpy finished(&downloader, &FileDownloader::download_finished);
+        downloader.start();
+        while (!downloader.reply && finished.isEmpty())
+            QThread::yieldCurrentThread();
+        standard_output_of([&] { downloader.cancel(); });
+        QTRY_COMPARE(finished.size(), 1);
+    }
+}
+
+void TstDownload::destroyed_during_a_redirect()
+{
+    bool is_asked = false;
+    m_server.answers["/redirect"] = HttpServer::status("302 Found", "", "Location: /silent\r\n");
+    m_server.answers["/silent"] = [&](QTcpSocket *) { is_asked = true; };
+    auto downloader = std::make_unique<FileDownloader>(m_server.url("/redirect"), target());
+    downloader->start();
+    QTRY_VERIFY(is_asked && QFile::exists(target()));
+    downloader.reset();
+    QVERIFY(!QFile::exists(target()));
+}
+
 void TstDownload::destroyed_at_any_moment()
 {
     QRandomGenerator random(51);
@@ -385,8 +534,63 @@ void TstDownload::dialog_success()
     QCOMPARE(standard_output_of([&] { dialog.close(); }), QString());
 }
 
+void TstDownload::dialog_exec_returns_at_the_outcome()
+{
+    for (int i = 0; i < 20; ++i) {
+        DownloadDialog dialog(m_server.url("/whole"), target(), u"Fetching"_s);
+        QThread::msleep(i % 5 * 10); // a host that connects late
+        QSignalSpy ended(&dialog, &DownloadDialog::download_ended);
+        QCOMPARE(dialog.exec(), int(QDialog::Accepted));
+        QCOMPARE(dialog.outcome(), DownloadOutcome::Completed);
+        QCOMPARE(dialog.exec(), int(QDialog::Accepted));
+        QTRY_COMPARE(ended.size(), 1);
+        QVERIFY(dialog.error_text().isEmpty() && dialog.http_status() == 200);
+        QCOMPARE(content_of(target()), m_body);
+    }
+
+    DownloadDialog missing(m_server.url("/missing"), target(), u"Fetching"_s);
+    QSignalSpy canceled(&missing, &QProgressDialog::canceled);
+    bool is_seen = false;
+    connect(&missing, &DownloadDialog::download_ended, &missing, [&](DownloadOutcome outcome) {
+        is_seen = missing.isVisible() && outcome == DownloadOutcome::Failed;
+        auto *button = missing.findChild<QPushButton *>();
+        QCOMPARE(button->text(), u"Close");
+        QTimer::singleShot(100, button, &QPushButton::click);
+    });
+    QCOMPARE(missing.exec(), int(QDialog::Rejected));
+    QVERIFY(is_seen && canceled.isEmpty() && !missing.wasCanceled());
+    QCOMPARE(missing.error_text(), u"The server answered: 404 Not Found");
+    QCOMPARE(missing.http_status(), 404);
+    QCOMPARE(missing.findChild<QLabel *>()->toolTip(), missing.error_text());
+    QCOMPARE(missing.findChild<QLabel *>()->accessibleDescription(), missing.error_text());
+
+    DownloadDialog stalled(m_server.url("/stalled"), target(), u"Fetching"_s);
+    QTimer::singleShot(50, &stalled, [&] { QTest::keyClick(&stalled, Qt::Key_Escape); });
+    int result = QDialog::Accepted;
+    standard_output_of([&] { result = stalled.exec(); });
+    QCOMPARE(result, int(QDialog::Rejected));
+    QCOMPARE(stalled.outcome(), DownloadOutcome::Cancelled);
+    QVERIFY(stalled.wasCanceled() && !QFile::exists(target()));
+}
+
+void TstDownload::dialog_tool_tip()
+{
+    const QString message = u"Fetching R&D/"_s + QString(2000, u'x');
+    DownloadDialog dialog(m_server.url("/stalled"), target(), message);
+    dialog.show();
+    auto *label = dialog.findChild<QLabel *>();
+    QHelpEvent wanted(QEvent::ToolTip, {}, label->mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(label, &wanted);
+    QCOMPARE(QToolTip::text(), message);
+    QToolTip::hideText();
+}
+
 void TstDownload::dialog_failure_is_seen_for_ten_seconds()
 {
+    DownloadDialog never_shown(m_server.url("/whole"), target(), u"Fetching"_s);
+    QSignalSpy canceled(&never_shown, &QProgressDialog::canceled);
+    QTRY_COMPARE(never_shown.outcome(), DownloadOutcome::Completed);
+
     DownloadDialog dialog(m_server.url("/missing"), target(), u"Fetching"_s);
     QSignalSpy progress(dialog.downloader.get(), &FileDownloader::progress_updated);
     dialog.show();
@@ -398,10 +602,11 @@ void TstDownload::dialog_failure_is_seen_for_ten_seconds()
     }();
     QCOMPARE(progress.last()[0].toInt(), 100); // which hides it
     while (shown_for.elapsed() < 9000) {
-        QVERIFY(dialog.isVisible());
+        QVERIFY(dialog.isVisible() && !never_shown.isVisible());
         QTest::qWait(100);
     }
     QCOMPARE(standard_output_of([&] { QTRY_VERIFY(!dialog.isVisible()); }), QString());
+    QVERIFY(canceled.isEmpty() && !never_shown.wasCanceled());
 }
 
 void TstDownload::dialog_failure_before_it_is_shown()

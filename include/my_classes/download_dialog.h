@@ -18,7 +18,8 @@ enum class DownloadOutcome { Pending, Completed, Failed, Cancelled };
 
 /// Progress dialog of one download, which its construction starts. The host shows and deletes it, at any moment; by
 /// itself it appears after QProgressDialog's delay, and for ten seconds when the download has failed. Closing it before
-/// the end cancels the download. GUI thread only.
+/// the end cancels the download; afterwards its button reads "Close", and it only closes. canceled() and wasCanceled()
+/// mean a cancel by the person, nothing else. GUI thread only.
 class MY_CLASSES_EXPORT DownloadDialog : public QProgressDialog
 {
     Q_OBJECT
@@ -28,6 +29,10 @@ public:
     DownloadDialog(const QString &url, const QString &file_path, const QString &msg, QWidget *parent = nullptr);
     ~DownloadDialog() override;
 
+    /// Returns when the outcome is known: Accepted after a success, Rejected after a cancel, and after a failure when
+    /// the person has closed the dialog or its ten seconds are over.
+    int exec() override;
+
     /// Pending until download_ended().
     DownloadOutcome outcome() const;
     /// Why the download failed, in words for a person; empty otherwise.
@@ -35,6 +40,7 @@ public:
     /// The last status that the server answered with, such as 404; 0 if there was none.
     int http_status() const;
 
+    /// Its own signals may have been emitted before a host can connect to them: download_ended() has not.
     std::unique_ptr<FileDownloader> downloader;
 
 Q_SIGNALS:
@@ -51,9 +57,13 @@ protected:
 
 private:
     void show_progress(int percent);
+    void settle(DownloadOutcome outcome);
+    void show_failure();
+    void wait_for_outcome();
 
+    DownloadOutcome m_outcome = DownloadOutcome::Pending;
     bool m_cancelled = false;
-    bool m_finished = false;
+    bool m_is_executing = false;
     bool m_has_been_shown = false;
 };
 

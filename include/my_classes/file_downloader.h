@@ -32,10 +32,12 @@ public:
     ~FileDownloader() override;
 
     /// Stops the download and removes its file; callable from any thread. After the end of the download it only emits
-    /// download_cancelled(), and before start() it is forgotten by the download that follows.
+    /// download_cancelled() (a queued download_finished(true) may still be on its way then, and stays true), and before
+    /// start() it is forgotten by the download that follows.
     void cancel();
 
-    /// Why the last download failed, in words for a person; empty before the end and after a success. Any thread.
+    /// Why the last download failed, in words for a person; empty before the end, after a success and after a cancel.
+    /// Any thread.
     QString error_text() const;
     /// The last status that the server answered with, such as 404; 0 if there was none. Any thread.
     int http_status() const;
@@ -54,7 +56,8 @@ Q_SIGNALS:
     /// short, the server answered with an error, or the download was cancelled. What was written stays on disk, unless
     /// the download was cancelled. Of a compressed body Qt does not tell whether it ended short.
     void download_finished(bool success);
-    /// Emitted by cancel(), on its thread, before the download_finished(false) which that causes.
+    /// Emitted by cancel(), on its thread, before the download_finished(false) which that causes. A cancel that comes
+    /// while the end is being told is told behind it, from the event loop of the downloader's owner.
     void download_cancelled();
 
 protected:
@@ -62,11 +65,18 @@ protected:
 
 private:
     class Transfer;
-    enum class CancelState { None, Asked, Announced };
+    enum class State { Idle, Running, CancelAsked, CancelAnnounced, Ending, Ended }; // of the present run
 
-    mutable std::mutex m_guard; // of the two below
+    bool claim_end();
+    void end_is_told();
+    void keep_reason(const QString &error_text, int http_status);
+
+    mutable std::mutex m_guard; // of what is below
     Transfer *m_transfer = nullptr;
-    CancelState m_cancel_state = CancelState::None; // of the present run
+    State m_state = State::Idle;
+    bool m_cancel_waits = false; // until the end is told
+    QString m_error_text;
+    int m_http_status = 0;
 };
 
 } // namespace my_classes

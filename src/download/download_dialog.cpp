@@ -7,11 +7,14 @@
 #include <my_classes/download_dialog.h>
 #include <my_classes/file_downloader.h>
 
+#include <QtCore/QEventLoop>
 #include <QtCore/QFile>
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
 #include <QtGui/QCloseEvent>
+#include <QtGui/QShortcut>
 #include <QtWidgets/QProgressBar>
+#include <QtWidgets/QPushButton>
 
 #include <chrono>
 
@@ -56,33 +59,120 @@ DownloadDialog::DownloadDialog(const QString &url, const QString &file_path, con
     connect(downloader.get(), &FileDownloader::progress_updated, this, &DownloadDialog::show_progress);
     connect(downloader.get(), &FileDownloader::download_finished, this, &DownloadDialog::on_download_finished);
     connect(downloader.get(), &FileDownloader::download_cancelled, this, &DownloadDialog::on_download_cancelled);
+    connect(this, &QProgressDialog::canceled, this, [this] { m_cancelled = true; });
     connect(this, &QProgressDialog::canceled, downloader.get(), &FileDownloader::cancel);
     downloader->start();
 }
 
 DownloadDialog::~DownloadDialog() = default;
 
+DownloadOutcome DownloadDialog::outcome() const
+{
+    return m_outcome;
+}
+
+QString DownloadDialog::error_text() const
+{
+    return m_outcome == DownloadOutcome::Failed ? downloader->error_text() : QString();
+}
+
+int DownloadDialog::http_status() const
+{
+    return m_outcome == DownloadOutcome::Pending ? 0 : downloader->http_status();
+}
+
+int DownloadDialog::exec()
+{
+    const bool is_over = m_outcome == DownloadOutcome::Failed ? !isVisible() : m_outcome != DownloadOutcome::Pending;
+    if (is_over)
+        return m_outcome == DownloadOutcome::Completed ? Accepted : Rejected;
+    const QPointer<DownloadDialog> still_here(this);
+    m_is_executing = true;
+    const int code = QProgressDialog::exec();
+    if (!still_here)
+        return code;
+    m_is_executing = false;
+    if (m_cancelled)
+        wait_for_outcome();
+    return code;
+}
+
+/// A cancelled worker needs a moment until it has let go of the file.
+void DownloadDialog::wait_for_outcome()
+{
+    if (m_outcome != DownloadOutcome::Pending)
+        return;
+    QEventLoop loop;
+    connect(this, &DownloadDialog::download_ended, &loop, &QEventLoop::quit);
+    connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
 void DownloadDialog::on_download_finished(bool success)
 {
-    m_finished = true;
-    disconnect(this, &QProgressDialog::canceled, downloader.get(), nullptr); // nothing is left to cancel
+    const bool is_news = m_outcome == DownloadOutcome::Pending;
+    if (is_news)
+        settle(m_cancelled ? DownloadOutcome::Cancelled
+               : success   ? DownloadOutcome::Completed
+                           : DownloadOutcome::Failed);
     QTimer::singleShot(k_outcome_time, this, &QWidget::close);
 
+    const QPointer<DownloadDialog> still_here(this);
     if (success && m_cancelled)
         QFile::remove(downloader->file_path); // the last byte came just before the cancel
     if (success && !m_cancelled) {
         setLabelText(tr("Descarga completada"));
-        accept(); // last: who hears of it may delete the dialog
-        return;
+        accept();
+    } else {
+        setLabelText(tr("Error en la descarga"));
+        if (!m_cancelled)
+            show_failure();
     }
-    setLabelText(tr("Error en la descarga"));
-    if (!m_cancelled)
-        show(); // the bar at 100 hides the dialog, and a failure may come before it was ever shown
+    if (still_here && is_news) // who has heard of it already may have deleted the dialog
+        Q_EMIT download_ended(m_outcome);
+}
+
+/// From now on nothing is left to cancel, and the dialog does not appear by itself.
+void DownloadDialog::settle(DownloadOutcome outcome)
+{
+    m_outcome = outcome;
+    disconnect(this, &QProgressDialog::canceled, downloader.get(), nullptr);
+    if (auto *button = findChild<QPushButton *>()) {
+        button->disconnect(this);
+        button->setText(tr("Close"));
+        connect(button, &QPushButton::clicked, this, &QWidget::close);
+    }
+    for (auto *shortcut : findChildren<QShortcut *>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (shortcut->key() == QKeySequence(QKeySequence::Cancel))
+            shortcut->setEnabled(false); // Escape closes then, as in any dialog
+    }
+    if (m_cancelled)
+        return;
+    // reset() is what stops the delayed show.
+    auto *bar = findChild<QProgressBar *>();
+    const int percent = bar->value();
+    const bool closes = autoClose();
+    setAutoClose(false);
+    reset();
+    setAutoClose(closes);
+    bar->setValue(percent);
+}
+
+void DownloadDialog::show_failure()
+{
+    const QString reason = error_text();
+    if (auto *label = findChild<QLabel *>(); label && !reason.isEmpty()) {
+        label->setToolTip(plain_tool_tip(reason));
+        label->setAccessibleDescription(reason);
+    }
+    show(); // the bar at 100 hides the dialog, and a failure may come before it was ever shown
 }
 
 void DownloadDialog::on_download_cancelled()
 {
     trace("Download cancelled by user!");
+    if (m_outcome == DownloadOutcome::Completed || m_outcome == DownloadOutcome::Failed)
+        return;
     m_cancelled = true;
     setLabelText(tr("Descarga cancelada"));
     cancel();
@@ -90,7 +180,7 @@ void DownloadDialog::on_download_cancelled()
 
 void DownloadDialog::show_progress(int percent)
 {
-    if (m_cancelled || m_finished)
+    if (m_cancelled || m_outcome != DownloadOutcome::Pending)
         return;
     // Once shown, QProgressDialog::setValue() would run events, in which the host may delete the dialog.
     if (!m_has_been_shown) {
@@ -98,7 +188,7 @@ void DownloadDialog::show_progress(int percent)
         return;
     }
     findChild<QProgressBar *>()->setValue(percent);
-    if (percent == maximum() && autoReset())
+    if (percent == maximum() && autoReset() && !m_is_executing) // hiding would end exec()
         reset();
 }
 
@@ -106,7 +196,8 @@ void DownloadDialog::closeEvent(QCloseEvent *event)
 {
     // As in QProgressDialog, but a host may delete the dialog when it hears of the cancel.
     const QPointer<DownloadDialog> still_here(this);
-    Q_EMIT canceled();
+    if (m_outcome == DownloadOutcome::Pending && !m_cancelled)
+        Q_EMIT canceled();
     if (still_here)
         QDialog::closeEvent(event);
 }

@@ -8,6 +8,8 @@
 
 #include <QtCore/QPointer>
 
+#include <utility>
+
 namespace my_classes {
 
 FileDownloader::FileDownloader(const QString &url_, const QString &file_path_)
@@ -28,10 +30,13 @@ void FileDownloader::run()
     bool announced_already = false;
     {
         const std::lock_guard lock(m_guard);
-        is_cancelled = m_cancel_state != CancelState::None; // a cancel from before start() does not count
-        announced_already = m_cancel_state == CancelState::Announced;
+        is_cancelled = m_state == State::CancelAsked || m_state == State::CancelAnnounced; // not from before start()
+        announced_already = m_state == State::CancelAnnounced;
+        if (!is_cancelled)
+            m_state = State::Running;
         m_transfer = &transfer;
     }
+    keep_reason({}, 0);
     if (announced_already)
         QMetaObject::invokeMethod(&transfer, &Transfer::cancel, Qt::QueuedConnection);
 
@@ -40,7 +45,7 @@ void FileDownloader::run()
 
     const std::lock_guard lock(m_guard);
     m_transfer = nullptr;
-    m_cancel_state = CancelState::None;
+    m_state = State::Idle;
 }
 
 void FileDownloader::cancel()
@@ -49,8 +54,11 @@ void FileDownloader::cancel()
     {
         const std::lock_guard lock(m_guard);
         is_cancelled = true;
-        if (isRunning())
-            m_cancel_state = CancelState::Asked;
+        m_cancel_waits = m_state == State::Ending;
+        if (m_cancel_waits)
+            return;
+        if (m_state == State::Running || (m_state == State::Idle && isRunning()))
+            m_state = State::CancelAsked;
     }
 
     const QPointer<FileDownloader> still_here(this);
@@ -59,10 +67,48 @@ void FileDownloader::cancel()
         return;
 
     const std::lock_guard lock(m_guard);
-    if (m_cancel_state == CancelState::Asked)
-        m_cancel_state = CancelState::Announced;
+    if (m_state == State::CancelAsked)
+        m_state = State::CancelAnnounced;
     if (m_transfer)
         QMetaObject::invokeMethod(m_transfer, &Transfer::cancel, Qt::QueuedConnection);
+}
+
+/// Whether the transfer may end by itself. A cancel that came before is announced first, and ends it then.
+bool FileDownloader::claim_end()
+{
+    const std::lock_guard lock(m_guard);
+    if (m_state != State::Running)
+        return false;
+    m_state = State::Ending;
+    return true;
+}
+
+void FileDownloader::end_is_told()
+{
+    const std::lock_guard lock(m_guard);
+    if (m_state == State::Ending)
+        m_state = State::Ended;
+    if (std::exchange(m_cancel_waits, false))
+        QMetaObject::invokeMethod(this, &FileDownloader::download_cancelled, Qt::QueuedConnection);
+}
+
+void FileDownloader::keep_reason(const QString &text, int status)
+{
+    const std::lock_guard lock(m_guard);
+    m_error_text = text;
+    m_http_status = status;
+}
+
+QString FileDownloader::error_text() const
+{
+    const std::lock_guard lock(m_guard);
+    return m_error_text;
+}
+
+int FileDownloader::http_status() const
+{
+    const std::lock_guard lock(m_guard);
+    return m_http_status;
 }
 
 } // namespace my_classes

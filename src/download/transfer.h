@@ -5,6 +5,7 @@
 
 #include <my_classes/file_downloader.h>
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 #include <QtCore/QObject>
 #include <QtNetwork/QNetworkAccessManager>
@@ -17,6 +18,8 @@ namespace my_classes {
 /// removes the file.
 class FileDownloader::Transfer : public QObject
 {
+    Q_DECLARE_TR_FUNCTIONS(FileDownloader)
+
 public:
     explicit Transfer(FileDownloader *downloader);
     ~Transfer() override;
@@ -27,23 +30,28 @@ public:
     void cancel();
 
 private:
-    enum class Outcome { Complete, Failed, Cancelled };
-
+    void send_request();
     void bound_read_buffer();
+    void abort_reply();
     void on_finished();
     void on_ready_read();
     void on_download_progress(qint64 bytes_received, qint64 bytes_total);
-    void end(Outcome outcome);
+    bool write(const char *data, qint64 size);
+    void end(bool is_cancelled);
     void remove_file();
+    QString failure() const;
+    int http_status() const;
     std::optional<qint64> announced_length() const;
     bool is_short() const;
+    bool is_whole() const;
 
     FileDownloader *const m_downloader;
     QFile m_file;
     QNetworkAccessManager m_network; // after the file: destroyed first
     QNetworkReply *m_reply = nullptr;
     qint64 m_received = 0;
-    bool m_write_failed = false;
+    bool m_has_opened_file = false;
+    QString m_write_error;
     bool m_ended = false;
 };
 

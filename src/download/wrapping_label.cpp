@@ -6,6 +6,7 @@
 #include <QtGui/QFontInfo>
 #include <QtGui/QHelpEvent>
 #include <QtGui/QPainter>
+#include <QtGui/QTextDocument>
 #include <QtGui/QTextLayout>
 #include <QtWidgets/QToolTip>
 
@@ -19,6 +20,11 @@ constexpr int k_smallest_font_percent = 75;
 
 } // namespace
 
+QString plain_tool_tip(const QString &text)
+{
+    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal) : text;
+}
+
 WrappingLabel::WrappingLabel(QWidget *parent)
     : QLabel(parent)
 {
@@ -28,10 +34,10 @@ WrappingLabel::WrappingLabel(QWidget *parent)
 
 bool WrappingLabel::event(QEvent *event)
 {
-    if (event->type() != QEvent::ToolTip)
+    if (event->type() != QEvent::ToolTip || !toolTip().isEmpty())
         return QLabel::event(event);
     if (!fits(fitting_font()))
-        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), text().toHtmlEscaped(), this);
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), plain_tool_tip(text()), this);
     return true;
 }
 

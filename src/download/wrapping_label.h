@@ -7,8 +7,12 @@
 
 namespace my_classes {
 
+/// Tool tips take for rich text what looks like it.
+QString plain_tool_tip(const QString &text);
+
 /// Label of plain text for a small fixed space: it also breaks inside words, such as addresses and file names, takes a
-/// smaller font where that helps, and ends with an ellipsis where nothing does; the tool tip is the whole text then.
+/// smaller font where that helps, and ends with an ellipsis where nothing does; without a tool tip of its own it shows
+/// the whole text as one then.
 class WrappingLabel : public QLabel
 {
 public:
