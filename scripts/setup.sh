@@ -15,8 +15,8 @@ bench_packages=(nginx-light curl python3)
 build_commands=(cmake ninja c++ pkg-config)
 build_modules=(Qt6PrintSupport enchant-2)
 headless_commands=(Xvfb openbox xdotool import)
-test_packages=(hunspell-es openssl nginx-light)
-ci_packages=(git clang clang-format clang-tidy clazy reuse)
+test_commands=(openssl nginx)
+ci_commands=(git clang++ clang-format clang-tidy clazy reuse)
 bench_commands=(nginx curl python3)
 
 as_root() {
