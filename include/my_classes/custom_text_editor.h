@@ -40,6 +40,7 @@ namespace my_classes {
 
 class CustomHighlighter;
 class DocumentStatistics;
+class PictureHandling;
 
 /// A rich-text editor: tool bar, text area, statistics line and zoom, with spell checking.
 ///
@@ -277,25 +278,26 @@ private:
     void add_font_boxes();
     void add_suggestions_box();
     void follow_document();
+    void attach_to_document();
     void follow_undo();
     bool has_selected_text() const;
     void apply_window_colour();
     void apply_font_size(double points);
     void zoom_by(int points);
     QFont unzoomed_font() const;
-    std::unique_ptr<QTextDocument> unzoomed_copy() const;
     void insert_list(QTextListFormat::Style style);
     void start_spelling(const QString &language);
     void enable_spelling();
     bool is_ignored(const QString &word) const;
     void take_underlines_away(const QString &word);
 
-    QPointer<DocumentStatistics> m_statistics; // belongs to the document
-    bool m_counts_selection = false;           // the statistics line shows those of a selection
-    QFont m_unzoomed_font;                     // the text area's, before zooming
-    double m_zoomed_size = 0;                  // its size in points after the last zoom step
-    QString m_checker_lang;                    // what the checker was made with; hosts may assign `lang`
-    QSet<QString> m_ignored_words;             // in the form that all their capitals share
+    std::unique_ptr<DocumentStatistics> m_statistics;
+    std::unique_ptr<PictureHandling> m_pictures;
+    bool m_counts_selection = false; // the statistics line shows those of a selection
+    QFont m_unzoomed_font;           // the text area's, before zooming
+    double m_zoomed_size = 0;        // its size in points after the last zoom step
+    QString m_checker_lang;          // what the checker was made with; hosts may assign `lang`
+    QSet<QString> m_ignored_words;   // in the form that all their capitals share
 };
 
 } // namespace my_classes

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the my_classes authors
 // SPDX-License-Identifier: MIT
 
+#include "editor/document_copy.h"
+
 #include <my_classes/custom_text_editor.h>
 
 #include <QtCore/QMimeData>
@@ -15,7 +17,7 @@ QString CustomTextEditor::get_html_content() const
     // The exporter leaves out sizes equal to the default font's, so zoom cannot be patched away afterwards.
     if (unzoomed_font() == text_edit->document()->defaultFont())
         return text_edit->toHtml();
-    return unzoomed_copy()->toHtml();
+    return DocumentCopy(text_edit->document(), unzoomed_font()).toHtml();
 }
 
 QString CustomTextEditor::get_text_content() const

@@ -103,8 +103,7 @@ void CustomTextEditor::create_text_area(QBoxLayout *column)
         highlighter = new CustomHighlighter(text_edit->document());
     }
     // Hears of a new text after the highlighter: that one makes the paragraphs' layouts, which are best made together.
-    m_statistics = new DocumentStatistics(text_edit->document());
-    new EmbeddedPictures(text_edit->document());
+    attach_to_document();
     highlighter->setParent(this); // it outlives a document that the host replaces
     text_edit->setAutoFillBackground(true);
     apply_window_colour();
@@ -131,12 +130,25 @@ void CustomTextEditor::create_status_row(QBoxLayout *column)
 void CustomTextEditor::follow_document()
 {
     QTextDocument *document = text_edit->document();
-    if (m_statistics && m_statistics->parent() == document)
+    if (m_statistics->document() == document)
         return;
-    m_statistics = new DocumentStatistics(document);
-    new EmbeddedPictures(document);
+    attach_to_document();
     highlighter->setMisspelled({}); // those of the other document
     highlighter->setDocument(document);
+}
+
+/// Leaves the document before as it was found.
+void CustomTextEditor::attach_to_document()
+{
+    QTextDocument *document = text_edit->document();
+    m_statistics = std::make_unique<DocumentStatistics>(document);
+    const auto show_pictures = [this, document] {
+        m_pictures.reset();
+        m_pictures = std::make_unique<PictureHandling>(document);
+    };
+    show_pictures();
+    // Handlers go with the layout. A child of what goes with the document before.
+    connect(document, &QTextDocument::documentLayoutChanged, m_statistics.get(), show_pictures);
 }
 
 void CustomTextEditor::apply_window_colour()

@@ -27,8 +27,7 @@ TextCounts counts_of_block(const QTextBlock &block)
 } // namespace
 
 DocumentStatistics::DocumentStatistics(QTextDocument *document)
-    : QObject(document)
-    , m_document(document)
+    : m_document(document)
 {
     recount_everything();
     connect(document, &QTextDocument::contentsChange, this, &DocumentStatistics::update);

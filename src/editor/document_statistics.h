@@ -6,13 +6,14 @@
 #include "editor/text_statistics.h"
 
 #include <QtCore/QObject>
+#include <QtCore/QPointer>
+#include <QtGui/QTextDocument>
 
 #include <vector>
 
 QT_BEGIN_NAMESPACE
 class QTextBlock;
 class QTextCursor;
-class QTextDocument;
 QT_END_NAMESPACE
 
 namespace my_classes {
@@ -26,8 +27,10 @@ class DocumentStatistics : public QObject
     Q_OBJECT
 
 public:
-    /// Owned by `document`.
     explicit DocumentStatistics(QTextDocument *document);
+
+    /// Null once it is gone.
+    QTextDocument *document() const { return m_document; }
 
     /// The counts of toPlainText().
     TextCounts of_document();
@@ -42,7 +45,7 @@ private:
     void refresh_parents(int first, int last);
     TextCounts of_blocks(int first, int end) const;
 
-    QTextDocument *m_document;
+    QPointer<QTextDocument> m_document;
     int m_block_count = 0;
     int m_capacity = 0;             // leaves that fit, a power of two
     std::vector<TextCounts> m_tree; // root at 1, leaf of block i at m_capacity + i

@@ -7,7 +7,7 @@
 
 #include <QtGui/QAbstractTextDocumentLayout>
 #include <QtGui/QPainter>
-#include <QtGui/QTextDocument>
+#include <QtGui/QPixmap>
 #include <QtGui/QTextFormat>
 
 namespace my_classes {
@@ -30,55 +30,98 @@ QStringView base64_text(const QString &name)
 
 EmbeddedPictures::EmbeddedPictures(QTextDocument *document)
     : QObject(document->documentLayout())
-    , m_qt_handler(document->documentLayout()->handlerForObject(QTextFormat::ImageObject))
+    , m_found(dynamic_cast<QObject *>(document->documentLayout()->handlerForObject(QTextFormat::ImageObject)))
 {
     document->documentLayout()->registerHandler(QTextFormat::ImageObject, this);
-    connect(document, &QTextDocument::contentsChanged, this, [this, document] { forget_unused(document); });
+    connect(document, &QTextDocument::contentsChanged, this, &EmbeddedPictures::forget_unused);
 }
 
 QSizeF EmbeddedPictures::intrinsicSize(QTextDocument *document, int position, const QTextFormat &format)
 {
-    return m_qt_handler->intrinsicSize(document, position, with_resource(document, format));
+    const Handled by = handled(document, format);
+    return by.handler->intrinsicSize(by.document, position, by.format);
 }
 
 void EmbeddedPictures::drawObject(QPainter *painter, const QRectF &rect, QTextDocument *document, int position,
                                   const QTextFormat &format)
 {
+    const Handled by = handled(document, format);
     painter->save();
     painter->setRenderHint(QPainter::SmoothPixmapTransform); // counts on screens of 200% and where a side was left out
-    m_qt_handler->drawObject(painter, rect, document, position, with_resource(document, format));
+    by.handler->drawObject(painter, rect, by.document, position, by.format);
     painter->restore();
 }
 
-/// The image format under the short name of a resource that holds the decoded picture.
-QTextImageFormat EmbeddedPictures::with_resource(QTextDocument *document, const QTextFormat &format)
+/// Who handles the picture: an embedded one Qt, under the short name of the decoded picture in the store; any other
+/// whoever was found here, or Qt.
+EmbeddedPictures::Handled EmbeddedPictures::handled(QTextDocument *document, const QTextFormat &format)
 {
+    QAbstractTextDocumentLayout *layout = m_store.documentLayout();
+    QTextObjectInterface *qt_handler = layout->handlerForObject(QTextFormat::ImageObject);
     QTextImageFormat image = format.toImageFormat();
-    const QString name = image.name();
-    auto picture = m_pictures.constFind(name.constData());
-    if (picture == m_pictures.cend()) {
-        const QStringView base64 = base64_text(name);
-        if (base64.isEmpty())
-            return image;
-        const QPixmap pixmap = QPixmap::fromImage(decode_picture(QByteArray::fromBase64(base64.toLatin1())));
-        const QUrl resource(u"embedded-picture:%1"_s.arg(++m_decoded));
-        picture = m_pictures.insert(name.constData(), {name, resource, pixmap});
+    const QUrl resource = decoded(image.name());
+    if (resource.isEmpty()) {
+        auto *found = qobject_cast<QTextObjectInterface *>(m_found.data());
+        return {found ? found : qt_handler, document, image};
     }
-    document->addResource(QTextDocument::ImageResource, picture->resource, picture->pixmap);
-    image.setName(picture->resource.toString());
-    return image;
+    if (layout->paintDevice() != document->documentLayout()->paintDevice()) // on paper pictures have more dots
+        layout->setPaintDevice(document->documentLayout()->paintDevice());
+    image.setName(resource.toString());
+    return {qt_handler, &m_store, image};
 }
 
-void EmbeddedPictures::forget_unused(QTextDocument *document)
+/// The resource that holds the decoded picture; empty if it is not embedded.
+QUrl EmbeddedPictures::decoded(const QString &name)
+{
+    const auto known = m_pictures.constFind(name.constData());
+    if (known != m_pictures.cend())
+        return known->resource;
+    const QStringView base64 = base64_text(name);
+    if (base64.isEmpty())
+        return {};
+    const QUrl resource(u"embedded-picture:%1"_s.arg(++m_decoded));
+    const QImage picture = decode_picture(QByteArray::fromBase64(base64.toLatin1()));
+    m_store.addResource(QTextDocument::ImageResource, resource, QPixmap::fromImage(picture));
+    m_pictures.insert(name.constData(), {name, resource});
+    return resource;
+}
+
+void EmbeddedPictures::forget_unused()
 {
     for (auto picture = m_pictures.begin(); picture != m_pictures.end();) {
         if (picture->name.isDetached()) { // the document was cleared: nobody else has the text any more
-            document->addResource(QTextDocument::ImageResource, picture->resource, QVariant());
+            m_store.addResource(QTextDocument::ImageResource, picture->resource, QVariant());
             picture = m_pictures.erase(picture);
         } else {
             ++picture;
         }
     }
+}
+
+void EmbeddedPictures::give_back()
+{
+    auto *layout = static_cast<QAbstractTextDocumentLayout *>(parent());
+    if (layout->handlerForObject(QTextFormat::ImageObject) != this)
+        return; // somebody came after
+    layout->unregisterHandler(QTextFormat::ImageObject, this);
+    if (m_found)
+        layout->registerHandler(QTextFormat::ImageObject, m_found);
+}
+
+PictureHandling::PictureHandling(QTextDocument *document)
+    : m_pictures(document->documentLayout()->findChild<EmbeddedPictures *>({}, Qt::FindDirectChildrenOnly))
+{
+    if (!m_pictures)
+        m_pictures = new EmbeddedPictures(document);
+    ++m_pictures->m_users;
+}
+
+PictureHandling::~PictureHandling()
+{
+    if (!m_pictures || --m_pictures->m_users > 0)
+        return;
+    m_pictures->give_back();
+    delete m_pictures;
 }
 
 } // namespace my_classes

@@ -5,12 +5,13 @@
 
 #include <QtCore/QHash>
 #include <QtCore/QObject>
+#include <QtCore/QPointer>
 #include <QtCore/QUrl>
-#include <QtGui/QPixmap>
+#include <QtGui/QTextDocument>
 #include <QtGui/QTextObjectInterface>
 
 QT_BEGIN_NAMESPACE
-class QTextDocument;
+class QAbstractTextDocumentLayout;
 class QTextImageFormat;
 QT_END_NAMESPACE
 
@@ -20,7 +21,7 @@ namespace my_classes {
 ///
 /// Qt's own handling takes the text apart at every repaint and key stroke, a second and more for a photograph, and
 /// gives up, with a warning, on pictures beyond its decoders' default limit. This one decodes each picture once and
-/// leaves everything else to Qt. It belongs to the document's layout.
+/// leaves everything else to the handling that it has found. It belongs to the document's layout.
 class EmbeddedPictures : public QObject, public QTextObjectInterface
 {
     Q_OBJECT
@@ -34,19 +35,44 @@ public:
                     const QTextFormat &format) override;
 
 private:
+    friend class PictureHandling;
+
     struct Picture
     {
         QString name; // shared with the document, so that its address is that of no other text
         QUrl resource;
-        QPixmap pixmap;
     };
 
-    QTextImageFormat with_resource(QTextDocument *document, const QTextFormat &format);
-    void forget_unused(QTextDocument *document);
+    struct Handled
+    {
+        QTextObjectInterface *handler;
+        QTextDocument *document;
+        QTextImageFormat format;
+    };
 
-    QTextObjectInterface *m_qt_handler;
+    Handled handled(QTextDocument *document, const QTextFormat &format);
+    QUrl decoded(const QString &name);
+    void forget_unused();
+    void give_back();
+
+    QPointer<QObject> m_found; // the handling before this one
+    QTextDocument m_store;     // of decoded pictures: nothing is left in the document shown
     QHash<const QChar *, Picture> m_pictures;
     int m_decoded = 0;
+    int m_users = 0;
+};
+
+/// Has a document show its embedded pictures while it lives. Several may be at work on one document; the last one
+/// leaves the layout as the first has found it.
+class PictureHandling
+{
+public:
+    explicit PictureHandling(QTextDocument *document);
+    ~PictureHandling();
+    Q_DISABLE_COPY_MOVE(PictureHandling)
+
+private:
+    QPointer<EmbeddedPictures> m_pictures; // gone with the layout
 };
 
 } // namespace my_classes

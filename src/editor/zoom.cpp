@@ -89,12 +89,4 @@ QFont CustomTextEditor::unzoomed_font() const
     return font;
 }
 
-std::unique_ptr<QTextDocument> CustomTextEditor::unzoomed_copy() const
-{
-    // A child of the document, so that it loads pictures through the text area, too.
-    std::unique_ptr<QTextDocument> copy(text_edit->document()->clone(text_edit->document()));
-    copy->setDefaultFont(unzoomed_font());
-    return copy;
-}
-
 } // namespace my_classes

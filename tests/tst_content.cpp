@@ -1,0 +1,234 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include "support/test_support.h"
+
+#include <my_classes/custom_text_editor.h>
+
+#include <QtCore/QBuffer>
+#include <QtCore/QRandomGenerator>
+#include <QtGui/QPdfWriter>
+#include <QtGui/QTextBlock>
+
+using namespace Qt::StringLiterals;
+using my_classes::CustomTextEditor;
+
+namespace {
+
+QString picture(int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QByteArray png;
+    QBuffer buffer(&png);
+    image.save(&buffer, "PNG");
+    return u"<img src='data:image/png;base64,%1'>"_s.arg(QString::fromLatin1(png.toBase64()));
+}
+
+/// HTML of all sorts, and edits of it; the same for the same seed.
+class Documents
+{
+public:
+    explicit Documents(quint32 seed)
+        : m_random(seed)
+    {
+    }
+
+    int below(int bound) { return m_random.bounded(bound); }
+    QString any_of(const QString &texts) { return any_of(texts.split(u'|')); }
+    QString any_of(const QStringList &texts) { return texts[below(int(texts.size()))]; }
+
+    QString runs()
+    {
+        QString html;
+        for (int i = below(4); i > 0; --i)
+            html += u"<span style='%1'>%2</span>"_s.arg(any_of(k_styles), any_of(k_texts));
+        return html;
+    }
+
+    QString block(int depth)
+    {
+        const QString inner = depth > 0 ? block(depth - 1) : runs();
+        const QString start = any_of(u"<p align=right|<h2|<pre|<blockquote|<div|<p dir=rtl|<hr"_s);
+        switch (below(4)) {
+        case 0:
+            return u"<%1 type=A><li style='%2'>%3</li><li>%4</li></%1>"_s.arg(any_of(u"ol|ul"_s), any_of(k_styles),
+                                                                             inner, runs());
+        case 1:
+            return u"<table border=%1 style='%2'><tr><td>%3</td><td colspan=%1>%4</td></tr></table>"_s.arg(
+                QString::number(below(3)), any_of(k_styles), inner, runs());
+        default:
+            return start + u" style='%1'>%2</div>"_s.arg(any_of(k_styles), inner);
+        }
+    }
+
+    QString html()
+    {
+        QString html = any_of(u"||<title>T</title>|<body style='margin:20px; background:red'>|<body bgcolor=blue>"_s);
+        for (int i = below(4); i > 0; --i)
+            html += block(2);
+        return html;
+    }
+
+    void edit(QTextDocument *document)
+    {
+        QTextCursor cursor(document);
+        cursor.setPosition(below(2) * below(document->characterCount()));
+        cursor.setPosition(below(document->characterCount()), QTextCursor::KeepAnchor);
+        QTextBlockFormat block;
+        QTextCharFormat letters;
+        switch (below(9)) {
+        case 0: return cursor.removeSelectedText();
+        case 1: cursor.createList(QTextListFormat::ListSquare); return;
+        case 2: return cursor.insertBlock();
+        case 3: block.setAlignment(Qt::AlignRight); return cursor.mergeBlockFormat(block);
+        case 4: block.setLineHeight(1.5, 150); return cursor.mergeBlockFormat(block);
+        case 5: letters.setFontPointSize(below(2) ? 12 : 15); return cursor.mergeCharFormat(letters);
+        case 6: letters.setFontWeight(QFont::Bold); return cursor.mergeBlockCharFormat(letters);
+        case 7: return document->setDocumentMargin(10 * below(3));
+        default: cursor.select(QTextCursor::Document); return cursor.removeSelectedText();
+        }
+    }
+
+private:
+    const QStringList k_styles =
+        u"|font-size:12pt|font-size:15pt; margin-left:9px|font-size:large|font-size:20px; color:red|line-height:150%|"
+        u"float:left; width:50px|page-break-before:always|font-size:15pt|font-weight:bold"_s.split(u'|');
+    const QStringList k_texts = u"word|two words| |é<br>b|<a name='n' href='x'>link</a>|"_s.split(u'|') << picture(2, 2);
+    QRandomGenerator m_random;
+};
+
+struct Printed
+{
+    QByteArray file;
+    QByteArray drawing; // what the pages consist of
+    QSize page;         // in dots
+};
+
+Printed print(const QList<const CustomTextEditor *> &editors, const QString &title = {})
+{
+    Printed printed;
+    QBuffer buffer(&printed.file);
+    buffer.open(QBuffer::WriteOnly);
+    {
+        QPdfWriter writer(&buffer);
+        printed.page = QSize(writer.width(), writer.height());
+        CustomTextEditor::print_all_to(&writer, editors, title);
+    }
+    for (qsizetype at = 0; (at = printed.file.indexOf("\nstream\n", at)) >= 0; ++at) {
+        const QByteArray packed = printed.file.mid(at + 8, printed.file.indexOf("\nendstream", at) - at - 8);
+        if (packed.startsWith('x')) // the size comes first, any will do
+            printed.drawing += qUncompress(QByteArray(4, '\1') + packed);
+    }
+    return printed;
+}
+
+} // namespace
+
+class TstContent : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { test_support::fail_on_warnings(); }
+
+    void html_is_the_same_at_any_zoom();
+    void prints_in_pages();
+    void prints_pictures_within_the_page();
+};
+
+void TstContent::html_is_the_same_at_any_zoom()
+{
+    CustomTextEditor editor(std::nullopt);
+    const QTextDocument *document = editor.text_edit->document();
+    for (quint32 seed = 0; seed < 150; ++seed) {
+        Documents documents(seed);
+        editor.text_edit->setHtml(documents.html());
+        for (int i = documents.below(8); i > 0; --i)
+            documents.edit(editor.text_edit->document());
+        const QString before = editor.get_html_content();
+        const bool was_modified = document->isModified();
+        const int steps = document->availableUndoSteps();
+        editor.set_zoom_percent(130); // some text is as large as zoomed
+        QVERIFY2(editor.get_html_content() == before, qPrintable(u"%1: %2"_s.arg(QString::number(seed), before)));
+        QVERIFY(document->isModified() == was_modified && document->availableUndoSteps() == steps);
+        editor.set_zoom_percent(70);
+    }
+    editor.text_edit->clear();
+    editor.insert_bullet_list_disc();
+    editor.text_edit->textCursor().deletePreviousChar(); // a single empty item
+    const QString before = editor.get_html_content();
+    editor.zoom_in();
+    QCOMPARE(editor.get_html_content(), before);
+    QVERIFY(!print({&editor}).file.isEmpty());
+}
+
+void TstContent::prints_in_pages()
+{
+    CustomTextEditor editor(std::nullopt);
+    CustomTextEditor other(QFont(u"Arial"_s, 20));
+    editor.set_text_content(u"Some wrods that fill a line of teh page, and then another one.\n"_s.repeated(60));
+    other.set_html_content(u"<ul><li></li></ul>"_s);
+    const auto page_count = [](const Printed &printed) { return printed.file.count("/Type /Page\n"); };
+    const Printed plain = print({&editor});
+    QCOMPARE(page_count(plain), 2);
+    QCOMPARE(page_count(print({&editor, nullptr, &other})), 3);
+    QVERIFY(print({&editor}, u"Title"_s).file.contains(QByteArrayLiteral("/Title (\xfe\xff\0T\0i\0t\0l\0e)")));
+    editor.set_zoom_percent(190);
+    editor.check_spelling();
+    QCOMPARE(print({&editor}).drawing, plain.drawing);
+    editor.print_to(nullptr);
+
+    // Sizes in pixels are as large as on the screen, and lines stand apart by the factor.
+    editor.set_html_content(u"a<br>b<p style='font-size:20px; margin-left:96px'>c</p>"_s);
+    const auto lines = [&editor] {
+        static const QRegularExpression start(u"/F\\d+ (\\d+) Tf.*\\n([\\d.]+) -([\\d.]+) Td"_s);
+        QList<QList<double>> sizes_and_places;
+        auto matches = start.globalMatch(QString::fromLatin1(print({&editor}).drawing));
+        while (matches.hasNext()) {
+            const QRegularExpressionMatch match = matches.next();
+            sizes_and_places.append(
+                {match.captured(1).toDouble(), match.captured(2).toDouble(), match.captured(3).toDouble()});
+        }
+        return sizes_and_places;
+    };
+    const auto before = lines();
+    QCOMPARE(before[2][0] / before[0][0], 15.0 / 12);
+    QCOMPARE(before[2][1] - before[0][1], 1200.0);
+    editor.set_line_spacing(2);
+    const auto after = lines();
+    QVERIFY(qAbs((after[1][2] - after[0][2]) / (before[1][2] - before[0][2]) - 2) < 0.02);
+    QCOMPARE(editor.text_edit->document()->firstBlock().blockFormat().lineHeightType(), 150);
+}
+
+void TstContent::prints_pictures_within_the_page()
+{
+    CustomTextEditor editor(std::nullopt);
+    const QString wide = picture(3000, 20);
+    editor.set_html_content(wide + u"<p style='margin-left:40px'>"_s + wide + u"</p><ul><li>"_s + wide +
+                            u"</li></ul><table><tr><td>"_s + wide + u"</td><td>"_s + wide + u"</td></tr></table>"_s +
+                            picture(20, 3000) + picture(10, 10));
+    const Printed printed = print({&editor});
+    const double dots_per_pixel = 1200.0 / 96;
+    const double margin = 75 * dots_per_pixel;
+    static const QRegularExpression drawn(
+        u"([\\d.]+) 0 0 ([\\d.]+) (\\d+)[\\d.]* [\\d.]+ cm\\n(\\d+) 0 0 -(\\d+) 0 \\d+ cm /Im"_s);
+    auto matches = drawn.globalMatch(QString::fromLatin1(printed.drawing));
+    int count = 0;
+    for (; matches.hasNext(); ++count) {
+        const QRegularExpressionMatch match = matches.next();
+        const auto number = [&match](int i) { return match.captured(i).toDouble(); };
+        const double width = number(1) * number(4);
+        const double height = number(2) * number(5);
+        const double right = number(3) + width;
+        QVERIFY2(right < printed.page.width() - margin + 1, qPrintable(match.captured()));
+        QVERIFY2(height < printed.page.height() - 2 * margin, qPrintable(match.captured()));
+        QVERIFY(qAbs(width / height / number(4) * number(5) - 1) < 0.01);
+        if (number(4) == 10)
+            QVERIFY(qAbs(width - 10 * dots_per_pixel) < 1); // small ones stay as they are
+    }
+    QCOMPARE(count, 7);
+}
+
+MY_CLASSES_TEST_MAIN(TstContent)
+#include "tst_content.moc"
