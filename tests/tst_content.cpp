@@ -53,7 +53,7 @@ public:
         switch (below(4)) {
         case 0:
             return u"<%1 type=A><li style='%2'>%3</li><li>%4</li></%1>"_s.arg(any_of(u"ol|ul"_s), any_of(k_styles),
-                                                                             inner, runs());
+                                                                              inner, runs());
         case 1:
             return u"<table border=%1 style='%2'><tr><td>%3</td><td colspan=%1>%4</td></tr></table>"_s.arg(
                 QString::number(below(3)), any_of(k_styles), inner, runs());
@@ -78,15 +78,30 @@ public:
         QTextBlockFormat block;
         QTextCharFormat letters;
         switch (below(9)) {
-        case 0: return cursor.removeSelectedText();
-        case 1: cursor.createList(QTextListFormat::ListSquare); return;
-        case 2: return cursor.insertBlock();
-        case 3: block.setAlignment(Qt::AlignRight); return cursor.mergeBlockFormat(block);
-        case 4: block.setLineHeight(1.5, 150); return cursor.mergeBlockFormat(block);
-        case 5: letters.setFontPointSize(below(2) ? 12 : 15); return cursor.mergeCharFormat(letters);
-        case 6: letters.setFontWeight(QFont::Bold); return cursor.mergeBlockCharFormat(letters);
-        case 7: return document->setDocumentMargin(10 * below(3));
-        default: cursor.select(QTextCursor::Document); return cursor.removeSelectedText();
+        case 0:
+            return cursor.removeSelectedText();
+        case 1:
+            cursor.createList(QTextListFormat::ListSquare);
+            return;
+        case 2:
+            return cursor.insertBlock();
+        case 3:
+            block.setAlignment(Qt::AlignRight);
+            return cursor.mergeBlockFormat(block);
+        case 4:
+            block.setLineHeight(1.5, 150);
+            return cursor.mergeBlockFormat(block);
+        case 5:
+            letters.setFontPointSize(below(2) ? 12 : 15);
+            return cursor.mergeCharFormat(letters);
+        case 6:
+            letters.setFontWeight(QFont::Bold);
+            return cursor.mergeBlockCharFormat(letters);
+        case 7:
+            return document->setDocumentMargin(10 * below(3));
+        default:
+            cursor.select(QTextCursor::Document);
+            return cursor.removeSelectedText();
         }
     }
 
@@ -94,7 +109,8 @@ private:
     const QStringList k_styles =
         u"|font-size:12pt|font-size:15pt; margin-left:9px|font-size:large|font-size:20px; color:red|line-height:150%|"
         u"float:left; width:50px|page-break-before:always|font-size:15pt|font-weight:bold"_s.split(u'|');
-    const QStringList k_texts = u"word|two words| |é<br>b|<a name='n' href='x'>link</a>|"_s.split(u'|') << picture(2, 2);
+    const QStringList k_texts = u"word|two words| |é<br>b|<a name='n' href='x'>link</a>|"_s.split(u'|')
+                                << picture(2, 2);
     QRandomGenerator m_random;
 };
 

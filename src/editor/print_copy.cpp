@@ -131,7 +131,7 @@ bool is_in_pixels(const QTextCharFormat &format)
 
 QTextCharFormat in_points(QTextCharFormat format)
 {
-    const double size = points(format.doubleProperty(QTextFormat::FontPixelSize));
+    const double size = points(format.intProperty(QTextFormat::FontPixelSize));
     format.clearProperty(QTextFormat::FontPixelSize);
     if (size > 0)
         format.setFontPointSize(size);
