@@ -6,7 +6,7 @@ set -euo pipefail
 repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-tools-dev qt6-l10n-tools libenchant-2-dev hunspell-en-us fonts-liberation)
-headless_packages=(xvfb openbox xdotool imagemagick) # an X server without a screen, and hands and eyes for it
+headless_packages=(xvfb openbox xdotool xclip imagemagick) # an X server without a screen, and hands and eyes for it
 test_packages=(hunspell-es openssl nginx-light)
 ci_packages=(git clang clang-format clang-tidy clazy reuse)
 bench_packages=(nginx-light curl python3)
@@ -14,7 +14,7 @@ bench_packages=(nginx-light curl python3)
 # What stands for the packages on a system that has other ones: commands and pkg-config modules.
 build_commands=(cmake ninja c++ pkg-config)
 build_modules=(Qt6PrintSupport enchant-2)
-headless_commands=(Xvfb openbox xdotool import)
+headless_commands=(Xvfb openbox xdotool xclip import)
 test_commands=(openssl nginx)
 ci_commands=(git clang++ clang-format clang-tidy clazy reuse)
 bench_commands=(nginx curl python3)

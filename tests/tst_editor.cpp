@@ -4,6 +4,7 @@
 #include "support/test_support.h"
 
 #include <my_classes/custom_highlighter.h>
+#include <my_classes/custom_tab.h>
 #include <my_classes/custom_text_editor.h>
 #include <my_classes/main_window.h>
 
@@ -20,7 +21,10 @@
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMainWindow>
 #include <QtWidgets/QScrollBar>
+#include <QtWidgets/QTabBar>
+#include <QtWidgets/QTabWidget>
 #include <QtWidgets/QToolBar>
 #include <QtWidgets/QVBoxLayout>
 
@@ -100,6 +104,8 @@ private Q_SLOTS:
     void insertions_are_one_step();
     void pasting_plain_text();
     void follows_theme_and_document();
+    void writing_area_has_the_colour_of_the_window();
+    void text_has_the_focus_unless_given_away();
     void bad_input();
     void prints_unzoomed_to_a_file();
 };
@@ -425,15 +431,6 @@ void TstEditor::follows_theme_and_document()
     my_classes::MainWindow window;
     CustomTextEditor &editor = *window.text_editor;
     window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    QPalette dark;
-    dark.setColor(QPalette::Window, QColor(0x35, 0x35, 0x35));
-    dark.setColor(QPalette::Text, Qt::white);
-    window.setPalette(dark);
-    const QImage paper = editor.text_edit->viewport()->grab().toImage();
-    QCOMPARE(paper.pixelColor(paper.width() / 2, paper.height() / 2), dark.color(QPalette::Window));
-    QCOMPARE(editor.text_edit->viewport()->palette().color(QPalette::Text), QColor(Qt::white));
-
     editor.set_text_content(u"Teh old one."_s);
     editor.check_spelling();
     auto *document = new QTextDocument(editor.text_edit);
@@ -443,6 +440,120 @@ void TstEditor::follows_theme_and_document()
     editor.check_spelling();
     QCOMPARE(editor.highlighter->misspelled, QSet<QString>{u"documnet"_s});
     QCOMPARE(document->firstBlock().layout()->formats().size(), 1);
+}
+
+void TstEditor::writing_area_has_the_colour_of_the_window()
+{
+    QPalette dark(QColor(0x35, 0x35, 0x35));
+    dark.setColor(QPalette::Base, QColor(0x20, 0x20, 0x20));
+    const QPalette light = QApplication::palette();
+    QPalette host; // sets nothing else
+    host.setColor(QPalette::Base, Qt::yellow);
+    const auto seen = [](const CustomTextEditor &editor) {
+        QTextEdit *text = editor.text_edit;
+        const QImage page = text->grab().toImage();
+        const QPoint centre = text->rect().center();
+        QStringList colours{page.pixelColor(centre).name(),
+                            page.pixelColor(text->viewport()->pos() + QPoint(2, 2)).name(),
+                            text->viewport()->palette().color(QPalette::Text).name()};
+        if (page.pixelColor(10, centre.y()) != editor.palette().color(QPalette::Window))
+            colours << u"ring"_s;
+        return colours;
+    };
+    const auto wanted = [](const QPalette &palette) {
+        const QString window = palette.color(QPalette::Window).name();
+        return QStringList{window, window, palette.color(QPalette::Text).name()};
+    };
+    for (const QString &sheet : {QString(), u"QWidget { font-size: 11pt }"_s}) {
+        for (const QPalette &first : {light, dark}) {
+            QApplication::setPalette(first);
+            qApp->setStyleSheet(sheet);
+            CustomTextEditor alone({});
+            my_classes::MainWindow window;
+            QTabWidget tabs;
+            auto *page = new my_classes::CustomTab;
+            tabs.addTab(page, QString());
+            for (CustomTextEditor *editor : {&alone, window.text_editor, page->editor}) {
+                QWidget *shown = editor->window();
+                show_active(*shown);
+                QCOMPARE(seen(*editor), wanted(first));
+                for (const QPalette &next : {dark, light, dark}) {
+                    shown->setPalette(next);
+                    // Under a style sheet Qt does not hand colours down.
+                    QCOMPARE(seen(*editor), wanted(sheet.isEmpty() ? next : editor->palette()));
+                }
+                for (const QString &other : {u"QLabel { color: red }"_s, QString()}) {
+                    shown->setStyleSheet(other);
+                    QCOMPARE(seen(*editor), wanted(editor->palette()));
+                }
+                editor->text_edit->setPalette(host);
+                for (const QPalette &next : {light, dark}) {
+                    shown->setPalette(next);
+                    QCOMPARE(seen(*editor).first(), QColor(Qt::yellow).name());
+                    shown->setStyleSheet(u"QLabel { color: red }"_s);
+                    QCOMPARE(seen(*editor).first(), QColor(Qt::yellow).name());
+                    shown->setStyleSheet(QString());
+                }
+            }
+        }
+    }
+    qApp->setStyleSheet(QString());
+    QApplication::setPalette(light);
+}
+
+void TstEditor::text_has_the_focus_unless_given_away()
+{
+    const auto typed_into = [](const CustomTextEditor &editor) {
+        QTest::keyClicks(QApplication::focusWidget(), u"x"_s);
+        return editor.text_edit->toPlainText();
+    };
+    QMainWindow window;
+    auto *field = new QLineEdit;
+    auto *tabs = new QTabWidget;
+    QTabBar *bar = tabs->tabBar();
+    window.addToolBar(QString())->addWidget(field);
+    window.setCentralWidget(tabs);
+    QList<CustomTextEditor *> editors;
+    const auto add_page = [&](bool in_tab) {
+        auto *page = in_tab ? new my_classes::CustomTab : nullptr;
+        editors << (page ? page->editor : new CustomTextEditor(std::nullopt, &window));
+        tabs->addTab(page ? static_cast<QWidget *>(page) : editors.last(), QString::number(editors.size()));
+    };
+    const auto click_tab = [&](int tab) { QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(tab).center()); };
+    add_page(true);
+    show_active(window);
+    QCOMPARE(typed_into(*editors[0]), u"x"_s); // not the first in the window, which nobody has given the focus to
+    for (const bool in_tab : {true, false}) {
+        add_page(in_tab);
+        tabs->setCurrentIndex(tabs->count() - 1);
+        QCOMPARE(typed_into(*editors.last()), u"x"_s);
+    }
+    click_tab(0);
+    QCOMPARE(typed_into(*editors[0]), u"xx"_s);
+    bar->setFocus();
+    QTest::keyClick(bar, Qt::Key_Right);
+    QVERIFY(tabs->currentIndex() == 1 && bar->hasFocus());
+    QTest::keyClick(&window, Qt::Key_Tab);
+    QCOMPARE(typed_into(*editors[1]), u"xx"_s);
+    bar->setFocus();
+    click_tab(2);
+    QCOMPARE(typed_into(*editors[2]), u"xx"_s);
+    field->setFocus();
+    tabs->setCurrentIndex(0);
+    QVERIFY(field->hasFocus());
+    tabs->currentWidget()->setFocus();
+    QVERIFY(editors[0]->text_edit->hasFocus());
+    tabs->removeTab(0);
+    QCOMPARE(typed_into(*editors[tabs->currentIndex() + 1]), u"xxx"_s);
+
+    QWidget form; // the host's own field, also in a hidden window
+    auto *column = new QVBoxLayout(&form);
+    auto *name = new QLineEdit;
+    column->addWidget(name);
+    name->setFocus();
+    column->addWidget(new CustomTextEditor(std::nullopt));
+    show_active(form);
+    QVERIFY(name->hasFocus());
 }
 
 void TstEditor::bad_input()

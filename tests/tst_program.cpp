@@ -19,14 +19,18 @@ private Q_SLOTS:
     void cleanupTestCase();
 
     void one_window_until_it_is_closed();
+    void takes_what_is_typed_at_once();
     void says_which_dictionary_is_missing();
 
 private:
-    QString x_tool(const QString &command) const;
+    QString output_of(const QString &program, const QStringList &arguments) const;
+    QString x_tool(const QString &command) const { return output_of(u"xdotool"_s, command.split(u' ')); }
+    QString selected_text() const { return output_of(u"xclip"_s, {u"-o"_s}); }
     QString visible_windows() const { return x_tool(u"search --onlyvisible --name ."_s); }
 
     QString m_program = qEnvironmentVariable("MY_CLASSES_PROGRAM", QStringLiteral(MY_CLASSES_PROGRAM));
     QProcess m_x_server;
+    QProcess m_window_manager;
     QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
 };
 
@@ -46,15 +50,17 @@ void TstProgram::initTestCase()
 
 void TstProgram::cleanupTestCase()
 {
+    m_window_manager.terminate();
+    m_window_manager.waitForFinished();
     m_x_server.terminate();
     m_x_server.waitForFinished();
 }
 
-QString TstProgram::x_tool(const QString &command) const
+QString TstProgram::output_of(const QString &program, const QStringList &arguments) const
 {
     QProcess tool;
     tool.setProcessEnvironment(m_environment);
-    tool.start(u"xdotool"_s, command.split(u' '));
+    tool.start(program, arguments);
     tool.waitForFinished();
     return QString::fromUtf8(tool.readAllStandardOutput()).trimmed();
 }
@@ -73,10 +79,9 @@ void TstProgram::one_window_until_it_is_closed()
     QTRY_COMPARE(x_tool(u"getwindowgeometry --shell "_s + window).section(u'\n', 1, 4),
                  u"X=100\nY=100\nWIDTH=800\nHEIGHT=600"_s);
 
-    QProcess window_manager;
-    window_manager.setProcessEnvironment(m_environment);
-    window_manager.start(u"openbox"_s, {u"--sm-disable"_s});
-    QVERIFY(window_manager.waitForStarted());
+    m_window_manager.setProcessEnvironment(m_environment);
+    m_window_manager.start(u"openbox"_s, {u"--sm-disable"_s});
+    QVERIFY(m_window_manager.waitForStarted());
     QTRY_COMPARE_WITH_TIMEOUT(x_tool(u"windowactivate %1 getactivewindow"_s.arg(window)), window, 30000);
     // It may show a window as active before it listens to the keyboard.
     QTRY_VERIFY_WITH_TIMEOUT(
@@ -84,9 +89,23 @@ void TstProgram::one_window_until_it_is_closed()
     QCOMPARE(program.exitStatus(), QProcess::NormalExit);
     QCOMPARE(program.readAllStandardError(), QByteArray());
     QCOMPARE(program.exitCode(), 0);
+}
 
-    window_manager.terminate();
-    QVERIFY(window_manager.waitForFinished());
+/// Nothing is clicked or pressed before. What is selected is heard of from the X server.
+void TstProgram::takes_what_is_typed_at_once()
+{
+    QProcess program;
+    program.setProcessEnvironment(m_environment);
+    program.start(m_program, QStringList());
+    QTRY_VERIFY_WITH_TIMEOUT(!visible_windows().isEmpty() || program.state() == QProcess::NotRunning, 60000);
+    const QString window = visible_windows();
+    QTRY_COMPARE_WITH_TIMEOUT(x_tool(u"getactivewindow"_s), window, 30000);
+    // It may show a window as active before it listens to the keyboard.
+    QTRY_VERIFY_WITH_TIMEOUT((x_tool(u"type hello"_s), x_tool(u"key ctrl+a"_s), selected_text().endsWith(u"hello"_s)),
+                             30000);
+    QVERIFY2(selected_text() == u"hello"_s, qPrintable(selected_text()));
+    x_tool(u"key alt+F4"_s);
+    QVERIFY(program.waitForFinished());
 }
 
 void TstProgram::says_which_dictionary_is_missing()

@@ -30,7 +30,7 @@ public:
     /// throw.
     template<typename Widget, typename = std::enable_if_t<std::is_convertible_v<Widget *, QWidget *>>>
     explicit CustomTab(Widget *parent)
-        : CustomTab(ForForms(), parent)
+        : CustomTab(ForForms(0), parent)
     {
     }
 
@@ -60,6 +60,7 @@ Q_SIGNALS:
 private:
     struct ForForms
     {
+        explicit ForForms(int) {} // so that {} is none
     };
     CustomTab(ForForms, QWidget *parent);
 };

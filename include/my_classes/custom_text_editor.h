@@ -41,6 +41,7 @@ namespace my_classes {
 class CustomHighlighter;
 class DocumentStatistics;
 class PictureHandling;
+class WritingColours;
 
 /// A rich-text editor: tool bar, text area, statistics line and zoom, with spell checking.
 ///
@@ -57,7 +58,7 @@ public:
     /// For forms: the default font, and the language "en", or none where that has no dictionary. Does not throw.
     template<typename Widget, typename = std::enable_if_t<std::is_convertible_v<Widget *, QWidget *>>>
     explicit CustomTextEditor(Widget *parent) // a template, so that CustomTextEditor({}) means what it did
-        : CustomTextEditor(ForForms(), parent)
+        : CustomTextEditor(ForForms(0), parent)
     {
     }
     ~CustomTextEditor() override;
@@ -265,10 +266,12 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     struct ForForms
     {
+        explicit ForForms(int) {} // so that {} is none
     };
     CustomTextEditor(ForForms, QWidget *parent);
 
@@ -281,7 +284,6 @@ private:
     void attach_to_document();
     void follow_undo();
     bool has_selected_text() const;
-    void apply_window_colour();
     void apply_font_size(double points);
     void zoom_by(int points);
     QFont unzoomed_font() const;
@@ -291,6 +293,7 @@ private:
     bool is_ignored(const QString &word) const;
     void take_underlines_away(const QString &word);
 
+    WritingColours *m_colours = nullptr;
     std::unique_ptr<DocumentStatistics> m_statistics;
     std::unique_ptr<PictureHandling> m_pictures;
     bool m_counts_selection = false; // the statistics line shows those of a selection

@@ -5,7 +5,9 @@
 #include "editor/embedded_pictures.h"
 #include "editor/status_label.h"
 #include "editor/text_area.h"
+#include "editor/text_focus.h"
 #include "editor/wrapping_tool_bar.h"
+#include "editor/writing_colours.h"
 
 #include <my_classes/custom_highlighter.h>
 #include <my_classes/custom_text_editor.h>
@@ -13,13 +15,12 @@
 #include <QtCore/QSignalBlocker>
 #include <QtGui/QAction>
 #include <QtGui/QShortcut>
+#include <QtGui/QShowEvent>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QFontComboBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
-
-#include <limits>
 
 namespace my_classes {
 
@@ -66,6 +67,10 @@ void CustomTextEditor::initUI()
     create_status_row(column);
     add_toolbar_buttons();
     enable_spelling();
+    setFocusProxy(text_edit);
+    // Where pages are shown in turn, each gives the focus to the child that had it last.
+    if (!parentWidget())
+        text_edit->setFocus();
 }
 
 void CustomTextEditor::create_toolbar(QBoxLayout *column)
@@ -106,7 +111,7 @@ void CustomTextEditor::create_text_area(QBoxLayout *column)
     attach_to_document();
     highlighter->setParent(this); // it outlives a document that the host replaces
     text_edit->setAutoFillBackground(true);
-    apply_window_colour();
+    m_colours = new WritingColours(text_edit, this);
 }
 
 void CustomTextEditor::create_status_row(QBoxLayout *column)
@@ -151,23 +156,19 @@ void CustomTextEditor::attach_to_document()
     connect(document, &QTextDocument::documentLayoutChanged, m_statistics.get(), show_pictures);
 }
 
-void CustomTextEditor::apply_window_colour()
+void CustomTextEditor::showEvent(QShowEvent *event)
 {
-    QPalette colours = palette();
-    colours.setColor(QPalette::Base, colours.color(QPalette::Window));
-    // In full, and to its parts (viewport, scroll bars) too: a widget under a style sheet inherits no colours.
-    colours.setResolveMask(std::numeric_limits<QPalette::ResolveMask>::max());
-    text_edit->setPalette(colours);
-    const auto parts = text_edit->findChildren<QWidget *>();
-    for (QWidget *part : parts)
-        part->setPalette(colours);
+    QWidget::showEvent(event);
+    watch_tab_bar(this);
+    if (!event->spontaneous() && may_take_focus(this))
+        text_edit->setFocus();
 }
 
 void CustomTextEditor::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && text_edit)
-        apply_window_colour();
+    if (event->type() == QEvent::PaletteChange && m_colours)
+        m_colours->wear();
 }
 
 } // namespace my_classes

@@ -27,7 +27,8 @@ bool is_readable_in_full(const QString &path)
 } // namespace
 
 TextArea::TextArea(CustomTextEditor *editor)
-    : m_editor(editor)
+    : QTextEdit(editor)
+    , m_editor(editor)
 {
     setViewportMargins(k_page_margin, k_page_margin, k_page_margin, k_page_margin);
     // Qt's line breaking can let an underlined word overshoot its line by a fraction of a pixel. That is nothing to

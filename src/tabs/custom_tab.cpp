@@ -24,6 +24,7 @@ CustomTab::CustomTab(const std::optional<QString> &font_family, const std::optio
     connect(editor, &CustomTextEditor::lang_changed, this, [this](const QString &now) { lang = now; });
     column->addWidget(editor);
     setLayout(column);
+    setFocusProxy(editor);
 }
 
 CustomTextEditor *CustomTab::create_editor()
