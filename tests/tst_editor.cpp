@@ -446,7 +446,8 @@ void TstEditor::writing_area_has_the_colour_of_the_window()
 {
     QPalette dark(QColor(0x35, 0x35, 0x35));
     dark.setColor(QPalette::Base, QColor(0x20, 0x20, 0x20));
-    const QPalette light = QApplication::palette();
+    const QPalette light(QColor(0xef, 0xef, 0xef));
+    const QPalette before = QApplication::palette();
     QPalette host; // sets nothing else
     host.setColor(QPalette::Base, Qt::yellow);
     const auto seen = [](const CustomTextEditor &editor) {
@@ -498,7 +499,7 @@ void TstEditor::writing_area_has_the_colour_of_the_window()
         }
     }
     qApp->setStyleSheet(QString());
-    QApplication::setPalette(light);
+    QApplication::setPalette(before);
 }
 
 void TstEditor::text_has_the_focus_unless_given_away()

@@ -42,7 +42,8 @@ public:
     {
         if (event->type() == QEvent::KeyPress) {
             pressed_in = watched;
-            QMetaObject::invokeMethod(this, [this] { pressed_in = nullptr; }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                this, [this] { pressed_in = nullptr; }, Qt::QueuedConnection);
         } else if (event->type() == QEvent::MouseButtonPress) {
             pressed_in = nullptr;
         }
