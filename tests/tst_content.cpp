@@ -9,9 +9,12 @@
 #include <QtCore/QRandomGenerator>
 #include <QtGui/QPdfWriter>
 #include <QtGui/QTextBlock>
+#include <QtTest/QSignalSpy>
+#include <QtWidgets/QLineEdit>
 
 using namespace Qt::StringLiterals;
 using my_classes::CustomTextEditor;
+using my_classes::SearchDialog;
 
 namespace {
 
@@ -149,6 +152,8 @@ private Q_SLOTS:
     void init() { test_support::fail_on_warnings(); }
 
     void html_is_the_same_at_any_zoom();
+    void modified_by_edits_only();
+    void tells_of_counts_zoom_and_read_only();
     void prints_in_pages();
     void prints_pictures_within_the_page();
 };
@@ -177,6 +182,73 @@ void TstContent::html_is_the_same_at_any_zoom()
     editor.zoom_in();
     QCOMPARE(editor.get_html_content(), before);
     QVERIFY(!print({&editor}).file.isEmpty());
+}
+
+void TstContent::modified_by_edits_only()
+{
+    CustomTextEditor editor(std::nullopt);
+    QTextEdit *text_edit = editor.text_edit;
+    QSignalSpy told(&editor, &CustomTextEditor::modified_changed);
+    SearchDialog search(text_edit);
+    search.search_input->setText(u"a"_s);
+    const auto mark = [&](int times) {
+        for (int i = 0; i < times; ++i) {
+            editor.check_spelling();
+            search.find_all_matches();
+            editor.set_zoom_percent(110);
+            editor.clear_highlights();
+            search.find_all_matches();
+        }
+        return editor.is_modified();
+    };
+    editor.set_html_content(u"a cat, teh banana"_s);
+    QVERIFY(!editor.is_modified() && !mark(2));
+    text_edit->insertPlainText(u"b"_s);
+    QVERIFY(editor.is_modified() && mark(1));
+    editor.set_modified(false);
+    QVERIFY(!mark(1));
+    for (const int undone : {1, 3, 5}) { // marks, before saving as after
+        for (int i = 0; i < undone; ++i)
+            text_edit->undo();
+        QVERIFY(editor.is_modified() == (undone == 5));
+    }
+    while (text_edit->document()->isRedoAvailable())
+        text_edit->redo();
+    QVERIFY(!editor.is_modified());
+    text_edit->insertPlainText(u"c"_s);
+    QVERIFY(editor.is_modified());
+    text_edit->undo();
+    QVERIFY(!editor.is_modified());
+    text_edit->undo();
+    text_edit->insertPlainText(u"c"_s); // in place of a mark
+    QVERIFY(editor.is_modified());
+    editor.set_modified(true);
+    text_edit->undo();
+    QVERIFY(editor.is_modified());
+    editor.set_text_content(u"new"_s);
+    QVERIFY(!editor.is_modified());
+    QVERIFY(told.size() % 2 == 0 && told.constLast().constFirst().toBool() == false);
+}
+
+void TstContent::tells_of_counts_zoom_and_read_only()
+{
+    CustomTextEditor editor(std::nullopt);
+    QSignalSpy counted(&editor, &CustomTextEditor::counts_changed);
+    QSignalSpy zoomed(&editor, &CustomTextEditor::zoom_changed);
+    QSignalSpy locked(&editor, &CustomTextEditor::read_only_changed);
+    editor.set_text_content(u"Two words."_s);
+    QVERIFY(editor.counts() == (my_classes::EditorCounts{1, 2, 10, false}));
+    editor.text_edit->moveCursor(QTextCursor::NextWord, QTextCursor::KeepAnchor);
+    QVERIFY(editor.counts() == (my_classes::EditorCounts{1, 1, 4, true}));
+    QCOMPARE(counted.size(), 2);
+    editor.set_zoom_percent(300);
+    editor.zoom_in(); // refused
+    editor.zoom_out();
+    QCOMPARE(zoomed, (QList<QList<QVariant>>{{300}, {290}}));
+    editor.set_read_only(true);
+    QVERIFY(editor.is_read_only() && editor.text_edit->isReadOnly());
+    editor.text_edit->setReadOnly(false);
+    QCOMPARE(locked, (QList<QList<QVariant>>{{true}, {false}}));
 }
 
 void TstContent::prints_in_pages()

@@ -40,6 +40,7 @@ namespace my_classes {
 
 class CustomHighlighter;
 class DocumentStatistics;
+class EditState;
 class PictureHandling;
 class WritingColours;
 
@@ -278,14 +279,17 @@ private:
     void create_toolbar(QBoxLayout *column);
     void create_text_area(QBoxLayout *column);
     void create_status_row(QBoxLayout *column);
+    QLabel *create_read_only_label();
     void add_font_boxes();
     void add_suggestions_box();
     void follow_document();
     void attach_to_document();
     void follow_undo();
+    void show_counts(const EditorCounts &counts);
     bool has_selected_text() const;
     void apply_font_size(double points);
     void zoom_by(int points);
+    void show_zoom_percent(int percent);
     QFont unzoomed_font() const;
     void insert_list(QTextListFormat::Style style);
     void start_spelling(const QString &language);
@@ -296,11 +300,12 @@ private:
     WritingColours *m_colours = nullptr;
     std::unique_ptr<DocumentStatistics> m_statistics;
     std::unique_ptr<PictureHandling> m_pictures;
-    bool m_counts_selection = false; // the statistics line shows those of a selection
-    QFont m_unzoomed_font;           // the text area's, before zooming
-    double m_zoomed_size = 0;        // its size in points after the last zoom step
-    QString m_checker_lang;          // what the checker was made with; hosts may assign `lang`
-    QSet<QString> m_ignored_words;   // in the form that all their capitals share
+    std::unique_ptr<EditState> m_edit_state;
+    EditorCounts m_counts;
+    QFont m_unzoomed_font;         // the text area's, before zooming
+    double m_zoomed_size = 0;      // its size in points after the last zoom step
+    QString m_checker_lang;        // what the checker was made with; hosts may assign `lang`
+    QSet<QString> m_ignored_words; // in the form that all their capitals share
 };
 
 } // namespace my_classes

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "editor/document_copy.h"
+#include "editor/edit_state.h"
 
 #include <my_classes/custom_text_editor.h>
 
@@ -72,6 +73,16 @@ void CustomTextEditor::paste_plain_text()
         text = QTextDocumentFragment::fromHtml(content->html()).toPlainText();
     if (!text.isEmpty())
         text_edit->insertPlainText(text);
+}
+
+bool CustomTextEditor::is_modified() const
+{
+    return m_edit_state->is_modified();
+}
+
+void CustomTextEditor::set_modified(bool modified)
+{
+    m_edit_state->set_modified(modified);
 }
 
 } // namespace my_classes

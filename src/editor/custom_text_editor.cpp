@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "editor/document_statistics.h"
+#include "editor/edit_state.h"
 #include "editor/embedded_pictures.h"
 #include "editor/status_label.h"
 #include "editor/text_area.h"
@@ -125,6 +126,7 @@ void CustomTextEditor::create_status_row(QBoxLayout *column)
     auto *row = new QHBoxLayout;
     row->addWidget(word_count_label, 1);
     row->addItem(new QSpacerItem(20, 20, QSizePolicy::Expanding, QSizePolicy::Minimum));
+    row->addWidget(create_read_only_label());
     row->addWidget(zoom_out_button);
     row->addWidget(zoom_label);
     row->addWidget(zoom_in_button);
@@ -137,9 +139,9 @@ void CustomTextEditor::follow_document()
     QTextDocument *document = text_edit->document();
     if (m_statistics->document() == document)
         return;
-    attach_to_document();
     highlighter->setMisspelled({}); // those of the other document
     highlighter->setDocument(document);
+    attach_to_document();
 }
 
 /// Leaves the document before as it was found.
@@ -154,6 +156,11 @@ void CustomTextEditor::attach_to_document()
     show_pictures();
     // Handlers go with the layout. A child of what goes with the document before.
     connect(document, &QTextDocument::documentLayoutChanged, m_statistics.get(), show_pictures);
+    const bool was_modified = m_edit_state && m_edit_state->is_modified();
+    m_edit_state = std::make_unique<EditState>(document);
+    connect(m_edit_state.get(), &EditState::modified_changed, this, &CustomTextEditor::modified_changed);
+    if (was_modified != is_modified())
+        Q_EMIT modified_changed(!was_modified);
 }
 
 void CustomTextEditor::showEvent(QShowEvent *event)

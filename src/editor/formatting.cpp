@@ -223,7 +223,7 @@ void CustomTextEditor::selection_changed()
 // Undo moves the cursor without notice of the lost selection, and not even of the move where that is none.
 void CustomTextEditor::follow_undo()
 {
-    if (m_counts_selection && !text_edit->textCursor().hasSelection())
+    if (m_counts.of_selection && !text_edit->textCursor().hasSelection())
         selection_changed();
 }
 

@@ -23,20 +23,36 @@ QString grouped(int number)
 
 void CustomTextEditor::count_words()
 {
+    const QPointer<CustomTextEditor> here(this); // it may tell of another document
     follow_document();
+    if (!here)
+        return;
     const bool selected = has_selected_text();
-    m_counts_selection = selected;
     const TextCounts counts =
         selected ? m_statistics->of_selection(text_edit->textCursor()) : m_statistics->of_document();
+    show_counts({counts.sentences, counts.words, counts.characters, selected});
+}
+
+void CustomTextEditor::show_counts(const EditorCounts &counts)
+{
     QString line;
     if (counts.words > 0) {
         const QString language = lang.isEmpty() ? QString() : tr("Lang: %1 | ").arg(lang.toUpper());
         line = tr("%1%2%3 sentences | %4 words | %5 characters")
-                   .arg(language, selected ? tr("Selected: ") : QString(), grouped(counts.sentences),
+                   .arg(language, counts.of_selection ? tr("Selected: ") : QString(), grouped(counts.sentences),
                         grouped(counts.words), grouped(counts.characters));
     }
     if (line != word_count_label->text())
         word_count_label->setText(line);
+    if (m_counts == counts)
+        return;
+    m_counts = counts;
+    Q_EMIT counts_changed(counts);
+}
+
+EditorCounts CustomTextEditor::counts() const
+{
+    return m_counts;
 }
 
 int CustomTextEditor::count_sentences(const QString &text) const

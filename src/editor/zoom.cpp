@@ -22,8 +22,7 @@ void CustomTextEditor::zoom_in()
     if (zoom_percent >= zoom_max_percent)
         return;
     zoom_by(1);
-    zoom_percent += k_step_percent;
-    update_zoom_label();
+    show_zoom_percent(zoom_percent + k_step_percent);
 }
 
 void CustomTextEditor::zoom_out()
@@ -31,16 +30,23 @@ void CustomTextEditor::zoom_out()
     if (zoom_percent <= zoom_min_percent)
         return;
     zoom_by(-1);
-    zoom_percent -= k_step_percent;
-    update_zoom_label();
+    show_zoom_percent(zoom_percent - k_step_percent);
 }
 
 void CustomTextEditor::set_zoom_percent(int percent)
 {
-    zoom_percent = percent;
     // Applied on top of the present zoom: hosts rely on it.
     zoom_by(static_cast<int>((static_cast<qint64>(percent) - 100) / k_step_percent));
+    show_zoom_percent(percent);
+}
+
+void CustomTextEditor::show_zoom_percent(int percent)
+{
+    const bool changed = zoom_percent != percent;
+    zoom_percent = percent;
     update_zoom_label();
+    if (changed)
+        Q_EMIT zoom_changed(percent);
 }
 
 void CustomTextEditor::update_zoom_label()

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the my_classes authors
 // SPDX-License-Identifier: MIT
 
+#include "editor/edit_state.h"
 #include "frame/diagnostics.h"
 
 #include <my_classes/search_dialog.h>
@@ -81,7 +82,10 @@ void SearchDialog::find_all_matches()
     if (!editor || wanted.isEmpty())
         return;
     const QPointer<SearchDialog> here(this);
-    const QList<int> found = find_and_mark(editor->document(), wanted);
+    const QList<int> found = [&] {
+        const Marking no_edit;
+        return find_and_mark(editor->document(), wanted);
+    }();
     if (!here || !editor)
         return;
     search_results = found;
@@ -101,6 +105,7 @@ void SearchDialog::clear_highlight()
         return;
     search_results.clear();
     current_search_index = -1;
+    const Marking no_edit;
     set_background(editor->textCursor(), 0, editor->document()->characterCount() - 1, Qt::transparent);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the my_classes authors
 // SPDX-License-Identifier: MIT
 
+#include "editor/edit_state.h"
 #include "editor/word_under_cursor.h"
 #include "frame/diagnostics.h"
 
@@ -152,7 +153,10 @@ void CustomTextEditor::clear_highlights()
     cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
     QTextCharFormat format;
     format.setBackground(Qt::transparent);
-    cursor.mergeCharFormat(format);
+    {
+        const Marking no_edit;
+        cursor.mergeCharFormat(format);
+    }
     search_results.clear();
     current_search_index = -1;
 }

@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include <my_classes/custom_text_editor.h>
+
+#include <QtCore/QEvent>
+#include <QtWidgets/QLabel>
+
+#include <functional>
+#include <utility>
+
+namespace my_classes {
+
+namespace {
+
+/// Calls back when the text area becomes read-only or writable, whoever does that.
+class ReadOnlyWatch : public QObject
+{
+public:
+    ReadOnlyWatch(QTextEdit *text_edit, std::function<void()> changed)
+        : QObject(text_edit)
+        , m_changed(std::move(changed))
+    {
+        text_edit->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::ReadOnlyChange)
+            m_changed();
+        return false;
+    }
+
+private:
+    std::function<void()> m_changed;
+};
+
+} // namespace
+
+void CustomTextEditor::set_read_only(bool read_only)
+{
+    text_edit->setReadOnly(read_only);
+}
+
+bool CustomTextEditor::is_read_only() const
+{
+    return text_edit->isReadOnly();
+}
+
+/// A label that says so while the text is read-only.
+QLabel *CustomTextEditor::create_read_only_label()
+{
+    auto *label = new QLabel(tr("Read-only"));
+    label->setVisible(false);
+    new ReadOnlyWatch(text_edit, [this, label] {
+        const bool read_only = is_read_only();
+        if (read_only != label->isHidden())
+            return;
+        label->setVisible(read_only);
+        Q_EMIT read_only_changed(read_only);
+    });
+    return label;
+}
+
+} // namespace my_classes
