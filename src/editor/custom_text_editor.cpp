@@ -139,9 +139,12 @@ void CustomTextEditor::follow_document()
     QTextDocument *document = text_edit->document();
     if (m_statistics->document() == document)
         return;
+    const bool was_modified = is_modified();
+    attach_to_document();
     highlighter->setMisspelled({}); // those of the other document
     highlighter->setDocument(document);
-    attach_to_document();
+    if (was_modified != is_modified())
+        Q_EMIT modified_changed(!was_modified);
 }
 
 /// Leaves the document before as it was found.
@@ -156,11 +159,8 @@ void CustomTextEditor::attach_to_document()
     show_pictures();
     // Handlers go with the layout. A child of what goes with the document before.
     connect(document, &QTextDocument::documentLayoutChanged, m_statistics.get(), show_pictures);
-    const bool was_modified = m_edit_state && m_edit_state->is_modified();
     m_edit_state = std::make_unique<EditState>(document);
     connect(m_edit_state.get(), &EditState::modified_changed, this, &CustomTextEditor::modified_changed);
-    if (was_modified != is_modified())
-        Q_EMIT modified_changed(!was_modified);
 }
 
 void CustomTextEditor::showEvent(QShowEvent *event)
