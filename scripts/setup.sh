@@ -7,8 +7,10 @@ repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-tools-dev qt6-l10n-tools libenchant-2-dev hunspell-en-us fonts-liberation)
 headless_packages=(xvfb openbox xdotool xclip imagemagick) # an X server without a screen, and hands and eyes for it
-test_packages=(hunspell-es openssl nginx-light)
+test_packages=(hunspell-es openssl nginx-light libqt6opengl6-dev)
 ci_packages=(git clang clang-format clang-tidy clazy reuse)
+packages_packages=(dpkg-dev lintian desktop-file-utils appstream man-db debootstrap)
+docs_packages=(doxygen graphviz)
 bench_packages=(nginx-light curl python3)
 
 # What stands for the packages on a system that has other ones: commands and pkg-config modules.
@@ -17,6 +19,8 @@ build_modules=(Qt6PrintSupport enchant-2)
 headless_commands=(Xvfb openbox xdotool xclip import)
 test_commands=(openssl nginx)
 ci_commands=(git clang++ clang-format clang-tidy clazy reuse)
+packages_commands=(dpkg-shlibdeps lintian desktop-file-validate appstreamcli man debootstrap)
+docs_commands=(doxygen dot)
 bench_commands=(nginx curl python3)
 
 as_root() {
@@ -27,7 +31,7 @@ as_root() {
     fi
 }
 
-# need GROUP...: installs what the groups (build, headless, test, ci, bench) lack. Quick when that is nothing.
+# need GROUP...: installs what the groups (build, headless, test, ci, packages, docs, bench) lack. Quick when that is nothing.
 need() {
     local group list missing=()
     if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
