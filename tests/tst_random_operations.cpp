@@ -177,7 +177,8 @@ void TstRandomOperations::editor_and_search()
     answer_every_box();
 
     const auto any = [&random](const QStringList &list) { return list[random.bounded(list.size())]; };
-    const QStringList words = u"teh cat|wrod. |A house! |don't|\u00e9t\u00e9 |\U0001f600|\u05e9\u05dc\u05d5\u05dd |x"_s.split(u'|');
+    const QStringList words =
+        u"teh cat|wrod. |A house! |don't|\u00e9t\u00e9 |\U0001f600|\u05e9\u05dc\u05d5\u05dd |x"_s.split(u'|');
     const QStringList html = {
         u"<p align=center>One <b>bold</b> wrod</p>"_s,
         u"<ul><li>a<li>b</ul><p>c"_s,
@@ -209,7 +210,10 @@ void TstRandomOperations::editor_and_search()
     };
     walk.go(
         {
-            {"type", [&] { QTest::keyClicks(text, any({u"teh "_s, u"a cat. "_s, u"wrod"_s, u"x"_s})); }},
+            {"type",
+             [&] {
+                 QTest::keyClicks(text, any({u"teh "_s, u"a cat. "_s, u"wrod"_s, u"x"_s}));
+             }},
             {"insert", [&] { text->insertPlainText(any(words)); }},
             {"Return", key(Qt::Key_Return)},
             {"Tab", key(Qt::Key_Tab)},
