@@ -10,16 +10,21 @@
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QLayout>
-#include <QtWidgets/QWidget>
+#include <QtWidgets/QBoxLayout>
+#include <QtWidgets/QTextEdit>
 
 namespace document_editor {
 
+using namespace Qt::StringLiterals;
 using my_classes::CustomTextEditor;
 
 namespace {
 
 constexpr int k_letters = 75; // on a line, as books have it
+constexpr int k_most = 1000;  // of the width, as long as it is not wide enough
+constexpr int k_beside = 8;   // pixels between the page and the edge of a small window
+constexpr int k_padding = 10; // pixels
+constexpr int k_around = 120; // pixels that are not text
 
 struct PaperColours
 {
@@ -46,10 +51,24 @@ PageLook::PageLook(CustomTextEditor *editor)
     : QObject(editor)
     , m_editor(editor)
 {
+    center();
     editor->installEventFilter(this);
     connect(editor, &CustomTextEditor::zoom_changed, this, &PageLook::apply_width);
     connect(&Preferences::instance(), &Preferences::changed, this, &PageLook::apply);
     apply();
+}
+
+/// Puts the text between two stretches, which get what it does not take.
+void PageLook::center()
+{
+    auto *column = static_cast<QBoxLayout *>(m_editor->layout());
+    const int place = column->indexOf(m_editor->text_edit);
+    column->removeWidget(m_editor->text_edit);
+    auto *row = new QHBoxLayout;
+    row->addStretch(1);
+    row->addWidget(m_editor->text_edit, k_most);
+    row->addStretch(1);
+    column->insertLayout(place, row, 1);
 }
 
 void PageLook::apply()
@@ -60,27 +79,27 @@ void PageLook::apply()
 
 void PageLook::apply_width()
 {
+    m_editor->layout()->setContentsMargins(k_beside, 0, k_beside, 0);
     const QFontMetricsF letters(m_editor->text_edit->document()->defaultFont());
     const int around = m_editor->text_edit->width() - m_editor->text_edit->viewport()->width();
-    const int width = qRound(letters.averageCharWidth() * k_letters) + qMax(0, around);
+    const int width = qRound(letters.averageCharWidth() * k_letters) + qMax(k_around, around);
     m_editor->text_edit->setMaximumWidth(Preferences::instance().shows_page() ? width : QWIDGETSIZE_MAX);
 }
 
 void PageLook::apply_colours()
 {
     const PaperColours colours = colours_of(Preferences::instance().paper());
-    QPalette palette = m_editor->text_edit->palette();
-    palette.setColor(QPalette::Base, colours.paper);
-    palette.setColor(QPalette::Text, colours.ink);
-    m_editor->text_edit->setPalette(palette);
-    m_editor->text_edit->viewport()->setPalette(palette);
+    // By a style sheet, because the paper goes to the edge, under the margins.
+    const QString style =
+        u"QTextEdit { background-color: %1; color: %2; border: 1px solid palette(mid); padding: %3px; }"_s;
+    m_editor->text_edit->setStyleSheet(style.arg(colours.paper.name(), colours.ink.name(), QString::number(k_padding)));
 }
 
 bool PageLook::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::PaletteChange) // the editor has given its text area other colours
-        QMetaObject::invokeMethod(this, &PageLook::apply_colours, Qt::QueuedConnection);
-    if (event->type() == QEvent::Wheel) { // beside the page
+    if (event->type() == QEvent::ApplicationPaletteChange)
+        QMetaObject::invokeMethod(this, &PageLook::apply_colours, Qt::QueuedConnection); // the style sheet asks again
+    if (event->type() == QEvent::Wheel) {                                                // beside the page
         m_editor->wheel_event(static_cast<QWheelEvent *>(event));
         return true;
     }

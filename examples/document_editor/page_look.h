@@ -23,6 +23,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void center();
     void apply();
     void apply_width();
     void apply_colours();

@@ -1,0 +1,88 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "support/test_support.h"
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QProcess>
+#include <QtTest/QTest>
+
+#include <memory>
+
+/// An X server of the test's own with a window manager, and a person's hands and eyes.
+class Desktop
+{
+public:
+    bool start()
+    {
+        m_server.start(QStringLiteral("Xvfb"), {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                                                QStringLiteral("0"), QStringLiteral("1280x1024x24"),
+                                                QStringLiteral("-noreset")});
+        if (!QTest::qWaitFor([this] { return m_server.canReadLine(); }, 30000))
+            return false;
+        for (const char *variable : {"QT_QPA_PLATFORM", "DBUS_SESSION_BUS_ADDRESS", "WAYLAND_DISPLAY", "XAUTHORITY"})
+            m_environment.remove(QString::fromLatin1(variable));
+        m_environment.insert(QStringLiteral("DISPLAY"), u':' + QString::fromLatin1(m_server.readLine()).trimmed());
+        m_environment.insert(QStringLiteral("LANG"), QStringLiteral("en_US.UTF-8"));
+        m_environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_runtime.path());
+        m_manager.setProcessEnvironment(m_environment);
+        m_manager.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
+        return m_manager.waitForStarted();
+    }
+
+    ~Desktop()
+    {
+        for (QProcess *process : {&m_manager, &m_server}) {
+            process->terminate();
+            process->waitForFinished();
+        }
+    }
+
+    std::unique_ptr<QProcess> run(const QString &program, const QStringList &arguments = {}) const
+    {
+        auto process = std::make_unique<QProcess>();
+        process->setProcessEnvironment(m_environment);
+        process->start(program, arguments);
+        return process;
+    }
+
+    QString tool(const QStringList &arguments) const
+    {
+        const auto xdotool = run(QStringLiteral("xdotool"), arguments);
+        while (!xdotool->waitForFinished(10)) // servers of the test answer meanwhile
+            QCoreApplication::processEvents();
+        return QString::fromUtf8(xdotool->readAllStandardOutput()).trimmed();
+    }
+
+    QString title() const { return tool({QStringLiteral("getactivewindow"), QStringLiteral("getwindowname")}); }
+    bool wait_for(const QString &part_of_title) const
+    {
+        return QTest::qWaitFor([&] { return title().contains(part_of_title); }, 20000);
+    }
+    void key(const QString &keys) const
+    {
+        tool(QStringList{QStringLiteral("key"), QStringLiteral("--delay"), QStringLiteral("40")} + keys.split(u' '));
+        QTest::qWait(150);
+    }
+    void type(const QString &text) const
+    {
+        tool({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("8"), QStringLiteral("--"), text});
+        QTest::qWait(150);
+    }
+    /// Keeps a picture of the screen in the directory of build artefacts.
+    void shot(const QString &name) const
+    {
+        QDir().mkpath(QStringLiteral(DOCUMENT_EDITOR_PICTURES));
+        run(QStringLiteral("import"), {QStringLiteral("-window"), QStringLiteral("root"),
+                                       QStringLiteral(DOCUMENT_EDITOR_PICTURES "/") + name + QStringLiteral(".png")})
+            ->waitForFinished();
+    }
+
+private:
+    QTemporaryDir m_runtime;
+    QProcess m_server;
+    QProcess m_manager;
+    QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
+};

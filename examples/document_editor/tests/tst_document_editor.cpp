@@ -1,0 +1,249 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include "desktop.h"
+
+#include "document_file.h"
+#include "files.h"
+
+#include "support/http_server.h"
+
+#include <QtCore/QRandomGenerator>
+#include <QtGui/QImage>
+#include <QtGui/QTextDocument>
+
+using namespace Qt::StringLiterals;
+using namespace document_editor;
+using test_support::HttpServer;
+
+/// The program as a person meets it, by keyboard, on an X server of the test's own.
+class TstDocumentEditor : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QVERIFY(m_desktop.start()); }
+    void init() { test_support::fail_on_warnings(); }
+
+    void a_report();
+    void kills();
+    void full_disk();
+
+private:
+    QString recovery_directory() const { return m_home.path() + "/data/my_classes/document_editor/recovery"_L1; }
+    std::optional<Document> recovery() const;
+    std::unique_ptr<QProcess> start(const QStringList &arguments = {}) const;
+    void write_report(const HttpServer &server);
+    void arrange_sections();
+
+    const test_support::PrivateHome m_home;
+    Desktop m_desktop;
+    QTemporaryDir m_directory;
+};
+
+namespace {
+
+const QString k_program = QStringLiteral(DOCUMENT_EDITOR);
+
+QString text_of(const Section &section)
+{
+    QTextDocument document;
+    document.setHtml(section.html);
+    return document.toPlainText();
+}
+
+QStringList titles_of(const Document &document)
+{
+    QStringList titles;
+    for (const Section &section : document.sections)
+        titles.append(section.title);
+    return titles;
+}
+
+} // namespace
+
+std::unique_ptr<QProcess> TstDocumentEditor::start(const QStringList &arguments) const
+{
+    return m_desktop.run(k_program, arguments);
+}
+
+std::optional<Document> TstDocumentEditor::recovery() const
+{
+    const QDir directory(recovery_directory());
+    const QStringList names = directory.entryList({u"*.html"_s}, QDir::Files);
+    if (names.isEmpty())
+        return {};
+    return from_bytes(read_file(directory.filePath(names.constFirst()))); // throws where it is broken
+}
+
+/// Three sections with a list, a table, a picture and a downloaded text.
+void TstDocumentEditor::write_report(const HttpServer &server)
+{
+    QImage picture(300, 120, QImage::Format_RGB32);
+    picture.fill(Qt::darkCyan);
+    QVERIFY(picture.save(m_directory.filePath(u"chart.png"_s)));
+
+    m_desktop.key(u"ctrl+alt+1"_s);
+    m_desktop.type(u"The report"_s);
+    m_desktop.key(u"Return ctrl+alt+0"_s);
+    m_desktop.type(u"It was mispeled at first."_s);
+    m_desktop.key(u"alt+o l d"_s);
+    m_desktop.type(u"one"_s);
+    m_desktop.key(u"Return"_s);
+    m_desktop.type(u"two"_s);
+    m_desktop.shot(u"1-list"_s);
+
+    m_desktop.key(u"ctrl+t F2"_s);
+    m_desktop.type(u"Results"_s);
+    m_desktop.key(u"Return"_s);
+    m_desktop.type(u"A chart and a table:"_s);
+    m_desktop.key(u"Return alt+i p"_s);
+    QVERIFY(m_desktop.wait_for(u"Image"_s));
+    m_desktop.type(m_directory.filePath(u"chart.png"_s));
+    m_desktop.key(u"Return"_s);
+    QTest::qWait(500);
+    m_desktop.shot(u"2-picture-size"_s);
+    m_desktop.key(u"Return"_s);
+    QTest::qWait(500);
+    m_desktop.key(u"Return alt+i t"_s);
+    QVERIFY(m_desktop.wait_for(u"Table"_s));
+    m_desktop.type(u"2"_s);
+    m_desktop.key(u"Tab"_s);
+    m_desktop.type(u"3"_s);
+    m_desktop.key(u"Return"_s);
+    QTest::qWait(500);
+    m_desktop.shot(u"3-table"_s);
+
+    m_desktop.key(u"alt+f d"_s);
+    QVERIFY(m_desktop.wait_for(u"Download"_s));
+    m_desktop.type(server.url("/sources.html"));
+    m_desktop.key(u"Return"_s);
+    QTest::qWait(1500);
+    m_desktop.shot(u"4-download"_s);
+}
+
+void TstDocumentEditor::arrange_sections()
+{
+    m_desktop.key(u"ctrl+shift+Prior"_s); // before the results
+    m_desktop.key(u"ctrl+w"_s);
+    QVERIFY(m_desktop.wait_for(u"Deletion"_s));
+    m_desktop.shot(u"5-close"_s);
+    m_desktop.key(u"alt+y"_s);
+    QTRY_COMPARE_WITH_TIMEOUT(titles_of(recovery().value_or(Document())), QStringList({u"Section"_s, u"Results"_s}), 9000);
+    m_desktop.key(u"ctrl+shift+t"_s);
+    QTRY_COMPARE_WITH_TIMEOUT(titles_of(recovery().value_or(Document())),
+                              QStringList({u"Section"_s, u"sources"_s, u"Results"_s}), 9000);
+}
+
+void TstDocumentEditor::a_report()
+{
+    HttpServer server;
+    server.answers["/sources.html"] = HttpServer::status("200 OK", "<p>Sources: <b>none</b></p>");
+
+    std::unique_ptr<QProcess> program = start();
+    QVERIFY(m_desktop.wait_for(u"Untitled"_s));
+    QTest::qWait(500);
+    write_report(server);
+    arrange_sections();
+    program->kill();
+    program->waitForFinished();
+    const Document before = recovery().value();
+
+    program = start();
+    QVERIFY(m_desktop.wait_for(u"Recovery"_s));
+    m_desktop.shot(u"6-recovery"_s);
+    m_desktop.key(u"Return"_s);
+    QVERIFY(m_desktop.wait_for(u"Untitled*"_s));
+    QTest::qWait(800);
+    m_desktop.shot(u"7-recovered"_s);
+    m_desktop.key(u"ctrl+shift+e"_s);
+    QVERIFY(m_desktop.wait_for(u"Export"_s));
+    m_desktop.type(m_directory.filePath(u"report.pdf"_s));
+    m_desktop.key(u"Return"_s);
+    const QString pdf = m_directory.filePath(u"report.pdf"_s);
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(pdf) && read_file(pdf).startsWith("%PDF"), 20000);
+
+    m_desktop.key(u"ctrl+s"_s);
+    QVERIFY(m_desktop.wait_for(u"Save"_s));
+    m_desktop.type(m_directory.filePath(u"report"_s));
+    m_desktop.key(u"Return"_s);
+    QVERIFY(m_desktop.wait_for(u"report.html -"_s));
+    m_desktop.shot(u"8-saved"_s);
+    const Document saved = from_bytes(read_file(m_directory.filePath(u"report.html"_s)));
+    QCOMPARE(titles_of(saved), titles_of(before));
+    for (int i = 0; i < saved.sections.size(); ++i)
+        QCOMPARE(saved.sections[i].html, before.sections[i].html); // not a byte changed
+    QCOMPARE(text_of(saved.sections[0]), u"The report\nIt was mispeled at first.\none\ntwo"_s);
+    QVERIFY(saved.sections[0].html.contains("<ul"_L1));
+    QVERIFY(text_of(saved.sections[1]).contains("Sources: none"_L1));
+    QVERIFY(saved.sections[2].html.contains("<table"_L1) && saved.sections[2].html.contains("data:image/png"_L1));
+
+    m_desktop.key(u"ctrl+q"_s); // asks nothing
+    QVERIFY(QTest::qWaitFor([&] { return program->state() == QProcess::NotRunning; }, 10000));
+    QCOMPARE(program->exitCode(), 0);
+    QCOMPARE(program->readAllStandardError(), QByteArray());
+    QVERIFY(!recovery());
+}
+
+/// Of what was typed, never more than the last five seconds are lost, and what is there can be read.
+void TstDocumentEditor::kills()
+{
+    const int kills = qEnvironmentVariable("DOCUMENT_EDITOR_KILLS", u"4"_s).toInt();
+    QList<std::pair<qint64, QString>> typed; // when, word
+    for (int kill = 0, words = 0; kill < kills; ++kill) {
+        const bool has_copy = recovery().has_value();
+        const auto program = start();
+        QVERIFY(m_desktop.wait_for(has_copy ? u"Recovery"_s : u"Untitled"_s));
+        if (has_copy) {
+            m_desktop.key(u"Return"_s);
+            QVERIFY(m_desktop.wait_for(u"Untitled*"_s));
+        }
+        QTest::qWait(500);
+        m_desktop.key(u"ctrl+End"_s);
+
+        typed.clear();
+        QElapsedTimer clock;
+        clock.start();
+        const qint64 end = 1000 + QRandomGenerator::global()->bounded(9000);
+        while (clock.elapsed() < end) {
+            const QString word = u"word%1 "_s.arg(++words);
+            m_desktop.tool({u"type"_s, u"--delay"_s, u"5"_s, word});
+            typed.append({clock.elapsed(), word});
+        }
+        const qint64 killed = clock.elapsed();
+        program->kill();
+        program->waitForFinished();
+
+        const std::optional<Document> copy = recovery();
+        const QString text = copy ? text_of(copy->sections.constFirst()) : QString();
+        for (const auto &[time, word] : std::as_const(typed)) {
+            if (time < killed - 5000)
+                QVERIFY2(text.contains(word.trimmed()), qPrintable(u"%1 of %2 ms: %3"_s.arg(time).arg(killed).arg(word)));
+        }
+    }
+    QDir(recovery_directory()).removeRecursively();
+}
+
+void TstDocumentEditor::full_disk()
+{
+    // Files of this process can have no bytes.
+    const auto program =
+        m_desktop.run(u"bash"_s, {u"-c"_s, u"trap '' XFSZ; ulimit -f 0; exec '%1' 2>/dev/null"_s.arg(k_program)});
+    QVERIFY(m_desktop.wait_for(u"Untitled"_s));
+    QTest::qWait(500);
+    m_desktop.type(u"Nothing is lost"_s);
+    QTest::qWait(5000);
+    m_desktop.shot(u"9-full-disk"_s);
+    QVERIFY(!recovery());
+    m_desktop.type(u"."_s);
+    QCOMPARE(program->state(), QProcess::Running);
+    m_desktop.key(u"ctrl+q"_s);
+    QVERIFY(m_desktop.wait_for(u"Document Editor"_s));
+    m_desktop.key(u"alt+d"_s);
+    QVERIFY(QTest::qWaitFor([&] { return program->state() == QProcess::NotRunning; }, 10000));
+    QCOMPARE(program->exitCode(), 0);
+}
+
+MY_CLASSES_TEST_MAIN(TstDocumentEditor)
+
+#include "tst_document_editor.moc"
