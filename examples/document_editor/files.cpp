@@ -48,7 +48,8 @@ QByteArray read_file(const QString &path)
 void write_file(const QString &path, const QByteArray &bytes)
 {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+    // Without the flush, commit() overlooks a full disk: it puts an empty file in place of a short one.
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() || !file.commit())
         refuse(QT_TRANSLATE_NOOP("document_editor::Files", "“%1” cannot be written: %2"), path, file.errorString());
 }
 

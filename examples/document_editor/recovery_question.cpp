@@ -8,9 +8,9 @@
 #include "files.h"
 #include "window.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 
@@ -55,7 +55,7 @@ bool offer(std::unique_ptr<RecoveryFile> file)
         const QString name = name_of(from_bytes(read_file(path)));
         const QString time = QLocale().toString(QFileInfo(path).lastModified(), QLocale::ShortFormat);
         const Answer answer =
-            ask(tr("“%1” was not saved when the program ended. There is a copy of %2.").arg(name, time));
+            ask(tr("“%1” was not saved when the program ended. There is a copy of %2. Recover it?").arg(name, time));
         if (answer == Answer::Discard)
             file->remove();
         if (answer != Answer::Recover)
@@ -75,8 +75,10 @@ bool offer(std::unique_ptr<RecoveryFile> file)
 bool offer_recovery()
 {
     bool has_window = false;
+    QApplication::setQuitOnLastWindowClosed(false); // that is a question
     for (std::unique_ptr<RecoveryFile> &file : RecoveryFile::left_behind())
         has_window |= offer(std::move(file));
+    QApplication::setQuitOnLastWindowClosed(true);
     return has_window;
 }
 

@@ -57,7 +57,7 @@ void SectionTabs::add_section(const Section &section)
     page->load();
     if (!page->is_blank())
         page->set_modified(true); // as the editor gives it from now on, not as it came
-    page->setFocus();
+    page->editor->text_edit->setFocus();
     structure_changed();
 }
 
@@ -79,7 +79,7 @@ void SectionTabs::keep_closed(QWidget *page, const QString &title)
     else
         m_closed.append({section, title, m_closing_index});
     if (count() == 0)
-        append({{}, Preferences::instance().language(), {}})->setFocus();
+        append({{}, Preferences::instance().language(), {}})->editor->text_edit->setFocus();
     structure_changed();
 }
 
@@ -89,7 +89,7 @@ void SectionTabs::restore_section()
         return;
     const ClosedSection closed = m_closed.takeLast();
     setCurrentIndex(insertTab(closed.index, closed.page, unique_title(closed.title)));
-    closed.page->setFocus();
+    closed.page->editor->text_edit->setFocus();
     structure_changed();
 }
 
@@ -114,7 +114,7 @@ void SectionTabs::set_document(const Document &document)
         rename_tab(i, document.sections.at(i).title);
     setCurrentIndex(0);
     current_page()->load();
-    current_page()->setFocus();
+    current_page()->editor->text_edit->setFocus();
     set_modified(false);
 }
 
