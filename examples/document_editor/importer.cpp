@@ -97,7 +97,7 @@ Section import_section(const QString &path)
     const QFileInfo file(path);
     const QByteArray bytes = read_file(path);
     if (bytes.left(10000).contains('\0') && !QStringConverter::encodingForData(bytes))
-        throw FileError(tr("“%1” holds no text that can be imported.").arg(file.fileName()));
+        throw FileError(tr("It holds no text."));
     return {file.completeBaseName(), {}, html_of(bytes, file.suffix().toLower(), QUrl::fromLocalFile(path))};
 }
 

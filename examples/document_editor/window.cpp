@@ -73,7 +73,7 @@ Window::Window(std::unique_ptr<RecoveryFile> recovery)
     connect(m_tabs, &SectionTabs::modified_changed, this, [this] { setWindowModified(m_tabs->is_modified()); });
     connect(m_watch, &FileWatch::changed, this, &Window::file_has_changed);
     connect(m_autosave, &Autosave::problem_changed, this, [this](const QString &reason) {
-        m_problem->setText(tr("No recovery copy! %1").arg(reason));
+        m_problem->setText(tr("No recovery copy can be written: %1").arg(reason));
         m_problem->setVisible(!reason.isEmpty());
     });
 

@@ -180,7 +180,7 @@ void Window::import_files(const QStringList &paths)
             section.language = Preferences::instance().language();
             m_tabs->add_section(section);
         } catch (const FileError &error) {
-            complain(error.reason());
+            complain(tr("“%1” cannot be imported.\n\n%2").arg(QFileInfo(path).fileName(), error.reason()));
         }
     }
 }
@@ -226,7 +226,7 @@ void Window::export_to_file(const QList<SectionPage *> &pages, const QString &ti
         const bool done = export_pages(pages, path, title, progress);
         statusBar()->showMessage(done ? tr("Exported to %1").arg(path) : tr("Nothing was exported"), k_message_time);
     } catch (const FileError &error) {
-        complain(error.reason());
+        complain(tr("“%1” cannot be written.\n\n%2").arg(path, error.reason()));
     }
 }
 

@@ -112,7 +112,7 @@ void Window::create_insert_menu()
     add_command(menu, EditorCommand::InsertRowAbove, tr("Row &Above"));
     add_command(menu, EditorCommand::InsertRowBelow, tr("Row &Below"));
     add_command(menu, EditorCommand::InsertColumnBefore, tr("Column Be&fore"));
-    add_command(menu, EditorCommand::InsertColumnAfter, tr("Column Af&ter"));
+    add_command(menu, EditorCommand::InsertColumnAfter, tr("Column Aft&er"));
     menu->addSeparator();
     add_command(menu, EditorCommand::RemoveRows, tr("Remove &Rows"));
     add_command(menu, EditorCommand::RemoveColumns, tr("Remove &Columns"));

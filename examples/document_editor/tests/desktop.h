@@ -29,7 +29,8 @@ public:
         m_environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_runtime.path());
         m_manager.setProcessEnvironment(m_environment);
         m_manager.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
-        return m_manager.waitForStarted();
+        // It is there when it tells of desktops.
+        return QTest::qWaitFor([this] { return !tool({QStringLiteral("get_num_desktops")}).isEmpty(); }, 30000);
     }
 
     ~Desktop()
@@ -59,7 +60,11 @@ public:
     QString title() const { return tool({QStringLiteral("getactivewindow"), QStringLiteral("getwindowname")}); }
     bool wait_for(const QString &part_of_title) const
     {
-        return QTest::qWaitFor([&] { return title().contains(part_of_title); }, 20000);
+        if (QTest::qWaitFor([&] { return title().contains(part_of_title); }, 20000))
+            return true;
+        shot(QStringLiteral("failed"));
+        qInfo() << "waiting for" << part_of_title << "there is" << title();
+        return false;
     }
     void key(const QString &keys) const
     {

@@ -5,12 +5,15 @@
 
 #include "document_file.h"
 #include "files.h"
+#include "window.h"
 
 #include "support/http_server.h"
 
 #include <QtCore/QRandomGenerator>
+#include <QtGui/QAction>
 #include <QtGui/QImage>
 #include <QtGui/QTextDocument>
+#include <QtWidgets/QMenuBar>
 
 using namespace Qt::StringLiterals;
 using namespace document_editor;
@@ -27,6 +30,7 @@ private Q_SLOTS:
 
     void a_report();
     void kills();
+    void keys_are_unambiguous();
     void full_disk();
 
 private:
@@ -239,9 +243,33 @@ void TstDocumentEditor::full_disk()
     QCOMPARE(program->state(), QProcess::Running);
     m_desktop.key(u"ctrl+q"_s);
     QVERIFY(m_desktop.wait_for(u"Document Editor"_s));
-    m_desktop.key(u"alt+d"_s);
+    m_desktop.key(u"Tab Return"_s); // discard
     QVERIFY(QTest::qWaitFor([&] { return program->state() == QProcess::NotRunning; }, 10000));
     QCOMPARE(program->exitCode(), 0);
+}
+
+void TstDocumentEditor::keys_are_unambiguous()
+{
+    Window *window = new Window;
+    QStringList shortcuts;
+    const auto actions = window->findChildren<QAction *>(Qt::FindDirectChildrenOnly);
+    for (const QAction *action : actions)
+        shortcuts += QKeySequence::listToString(action->shortcuts()).split(u"; "_s, Qt::SkipEmptyParts);
+    const auto menus = window->menuBar()->findChildren<QMenu *>();
+    for (const QMenu *menu : menus) {
+        QStringList letters;
+        const auto items = menu->actions();
+        for (const QAction *action : items) {
+            if (!action->isSeparator())
+                letters.append(QKeySequence::mnemonic(action->text()).toString());
+            if (action->parent() != window)
+                shortcuts += QKeySequence::listToString(action->shortcuts()).split(u"; "_s, Qt::SkipEmptyParts);
+        }
+        QVERIFY2(letters.removeDuplicates() == 0, qPrintable(menu->title() + letters.join(u' ')));
+    }
+    QVERIFY(shortcuts.size() > 30);
+    QVERIFY2(shortcuts.removeDuplicates() == 0, qPrintable(shortcuts.join(u' ')));
+    window->close();
 }
 
 MY_CLASSES_TEST_MAIN(TstDocumentEditor)

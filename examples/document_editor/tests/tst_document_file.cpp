@@ -94,7 +94,7 @@ void TstDocumentFile::tells_what_is_wrong()
     QVERIFY(reason({}).contains("no document"_L1));
     QVERIFY(reason(QByteArray(bytes).replace("document\" content=\"1", "document\" content=\"2")).contains("newer"_L1));
     QVERIFY(reason(bytes + '\n').contains("damaged"_L1));
-    QVERIFY(reason_of([] { read_file(u"/nowhere/at all"_s); }).contains("/nowhere/at all"_L1));
+    QVERIFY(reason_of([] { read_file(u"/nowhere/at all"_s); }).contains("No such file"_L1));
     QVERIFY(reason_of([] { read_file(u"/dev/zero"_s); }).contains("no file"_L1));
 }
 
@@ -125,7 +125,7 @@ void TstDocumentFile::replaces_a_file_or_leaves_it()
     write_file(path, "old");
     write_file(path, "new");
     QCOMPARE(read_file(path), "new");
-    QVERIFY(reason_of([&] { write_file(directory.filePath(u"none/a.html"_s), "x"); }).contains("none"_L1));
+    QVERIFY(reason_of([&] { write_file(directory.filePath(u"none/a.html"_s), "x"); }).contains("No such file"_L1));
     QCOMPARE(QDir(directory.path()).entryList(QDir::Files), QStringList(u"a.html"_s));
 }
 
@@ -170,14 +170,14 @@ void TstDocumentFile::full_disk_keeps_the_earlier_copy()
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit limit = {};
     getrlimit(RLIMIT_FSIZE, &limit);
-    const rlimit small = {1000, limit.rlim_max};
+    const rlimit small = {500, limit.rlim_max};
     setrlimit(RLIMIT_FSIZE, &small);
     for (const int size : {1, 100000}) // in Qt's buffer, and beyond
         file.write({{{u"Other"_s, {}, QString(size, u'x')}}, {}});
     const bool has_failed = QTest::qWaitFor([&] { return failed.count() == 2; });
     setrlimit(RLIMIT_FSIZE, &limit);
     QVERIFY(has_failed);
-    QVERIFY(failed.at(0).at(0).toString().contains(file.path()));
+    QVERIFY(failed.at(0).at(0).toString().contains("too large"_L1));
     QVERIFY(same(from_bytes(read_file(file.path())), document));
     file.remove();
 }
