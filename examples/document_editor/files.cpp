@@ -20,6 +20,15 @@ QString tr(const char *text)
     return QCoreApplication::translate("document_editor::Files", text);
 }
 
+/// In several calls, because only a call that writes nothing tells why.
+bool write_all(QIODevice &device, const QByteArray &bytes)
+{
+    qint64 at = 0;
+    for (qint64 written = 1; written > 0 && at < bytes.size(); at += written)
+        written = device.write(bytes.constData() + at, bytes.size() - at);
+    return at == bytes.size();
+}
+
 } // namespace
 
 QByteArray read_file(const QString &path)
@@ -41,8 +50,9 @@ QByteArray read_file(const QString &path)
 void write_file(const QString &path, const QByteArray &bytes)
 {
     QSaveFile file(path);
-    // Without the flush, commit() overlooks a full disk: it puts an empty file in place of a short one.
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() || !file.commit())
+    // Unbuffered, because commit() overlooks what a buffer could not write, and puts an empty file in place.
+    const auto mode = QIODevice::WriteOnly | QIODevice::Unbuffered;
+    if (!file.open(mode) || !write_all(file, bytes) || !file.commit())
         throw FileError(file.errorString());
 }
 

@@ -65,7 +65,8 @@ bool offer(std::unique_ptr<RecoveryFile> file)
         window->show();
         return true;
     } catch (const FileError &error) {
-        QMessageBox::warning(nullptr, tr("Recovery"), tr("The copy “%1” is of no use.\n\n%2").arg(path, error.reason()));
+        QMessageBox::warning(nullptr, tr("Recovery"),
+                             tr("The copy “%1” is of no use.\n\n%2").arg(path, error.reason()));
         return false;
     }
 }

@@ -100,8 +100,9 @@ void SectionTabs::delete_closed()
     m_closed.clear();
 }
 
-void SectionTabs::set_document(const Document &document)
+void SectionTabs::set_document(const Document &document, bool modified)
 {
+    m_structure_changed = true; // until the end, lest anyone takes it for saved
     delete_closed();
     const QList<SectionPage *> old = pages();
     for (const Section &section : document.sections)
@@ -115,7 +116,7 @@ void SectionTabs::set_document(const Document &document)
     setCurrentIndex(0);
     current_page()->load();
     current_page()->editor->text_edit->setFocus();
-    set_modified(false);
+    set_modified(modified);
 }
 
 Section SectionTabs::section_at(int index, const QString &html) const

@@ -27,7 +27,8 @@ public:
     void restore_section();
     bool can_restore_section() const { return !m_closed.isEmpty(); }
 
-    void set_document(const Document &document);
+    /// Modified: it is in no file as it is.
+    void set_document(const Document &document, bool modified = false);
     Document document();
     /// Of what the pages last gave; never waits for one.
     Document snapshot() const;

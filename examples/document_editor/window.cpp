@@ -60,7 +60,6 @@ Window::Window(std::unique_ptr<RecoveryFile> recovery)
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setCentralWidget(m_tabs);
-    m_autosave = new Autosave(m_tabs, std::move(recovery), this);
     create_menus();
     m_problem->hide();
     statusBar()->addWidget(m_problem);
@@ -72,14 +71,15 @@ Window::Window(std::unique_ptr<RecoveryFile> recovery)
     connect(m_tabs, &SectionTabs::counts_changed, this, &Window::show_counts);
     connect(m_tabs, &SectionTabs::modified_changed, this, [this] { setWindowModified(m_tabs->is_modified()); });
     connect(m_watch, &FileWatch::changed, this, &Window::file_has_changed);
+    setAcceptDrops(true);
+    installEventFilter(this);
+    m_tabs->set_document({});
+
+    m_autosave = new Autosave(m_tabs, std::move(recovery), this); // last: the empty document is not the one in the file
     connect(m_autosave, &Autosave::problem_changed, this, [this](const QString &reason) {
         m_problem->setText(tr("No recovery copy can be written: %1").arg(reason));
         m_problem->setVisible(!reason.isEmpty());
     });
-
-    setAcceptDrops(true);
-    installEventFilter(this);
-    m_tabs->set_document({});
     set_path({});
     if (!restoreGeometry(QSettings().value(k_geometry_key).toByteArray()))
         resize(k_first_size);

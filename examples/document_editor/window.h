@@ -83,7 +83,7 @@ private:
     void new_section();
     void choose_files_to_open();
     void choose_files_to_import();
-    void show_document(const Document &document, const QString &path);
+    void show_document(const Document &document, const QString &path, bool modified = false);
     bool write_to(const QString &path);
     bool may_lose_changes();
     void file_has_changed();

@@ -71,9 +71,9 @@ void Window::open(const QString &path)
     }
 }
 
-void Window::show_document(const Document &document, const QString &path)
+void Window::show_document(const Document &document, const QString &path, bool modified)
 {
-    m_tabs->set_document(document);
+    m_tabs->set_document(document, modified);
     set_path(path);
     m_loading->start();
 }
@@ -81,8 +81,7 @@ void Window::show_document(const Document &document, const QString &path)
 void Window::recover()
 {
     const Document document = from_bytes(read_file(m_recovery_path));
-    show_document(document, document.origin);
-    m_tabs->set_modified(true);
+    show_document(document, document.origin, true);
 }
 
 bool Window::save()

@@ -5,6 +5,7 @@
 
 #include "document_file.h"
 #include "files.h"
+#include "recovery_file.h"
 #include "window.h"
 
 #include "support/http_server.h"
@@ -13,6 +14,7 @@
 #include <QtGui/QAction>
 #include <QtGui/QImage>
 #include <QtGui/QTextDocument>
+#include <QtTest/QSignalSpy>
 #include <QtWidgets/QMenuBar>
 
 using namespace Qt::StringLiterals;
@@ -29,6 +31,7 @@ private Q_SLOTS:
     void init() { test_support::fail_on_warnings(); }
 
     void a_report();
+    void recovered_document_keeps_its_copy();
     void kills();
     void keys_are_unambiguous();
     void full_disk();
@@ -122,7 +125,8 @@ void TstDocumentEditor::write_report(const HttpServer &server)
     QVERIFY(m_desktop.wait_for(u"Download"_s));
     m_desktop.type(server.url("/sources.html"));
     m_desktop.key(u"Return"_s);
-    QTest::qWait(1500);
+    QTRY_COMPARE_WITH_TIMEOUT(titles_of(recovery().value_or(Document())),
+                              QStringList({u"Section"_s, u"Results"_s, u"sources"_s}), 20000);
     m_desktop.shot(u"4-download"_s);
 }
 
@@ -133,10 +137,11 @@ void TstDocumentEditor::arrange_sections()
     QVERIFY(m_desktop.wait_for(u"Deletion"_s));
     m_desktop.shot(u"5-close"_s);
     m_desktop.key(u"alt+y"_s);
-    QTRY_COMPARE_WITH_TIMEOUT(titles_of(recovery().value_or(Document())), QStringList({u"Section"_s, u"Results"_s}), 9000);
+    QTRY_COMPARE_WITH_TIMEOUT(titles_of(recovery().value_or(Document())), QStringList({u"Section"_s, u"Results"_s}),
+                              20000);
     m_desktop.key(u"ctrl+shift+t"_s);
     QTRY_COMPARE_WITH_TIMEOUT(titles_of(recovery().value_or(Document())),
-                              QStringList({u"Section"_s, u"sources"_s, u"Results"_s}), 9000);
+                              QStringList({u"Section"_s, u"sources"_s, u"Results"_s}), 20000);
 }
 
 void TstDocumentEditor::a_report()
@@ -189,6 +194,22 @@ void TstDocumentEditor::a_report()
     QVERIFY(!recovery());
 }
 
+void TstDocumentEditor::recovered_document_keeps_its_copy()
+{
+    auto file = std::make_unique<RecoveryFile>();
+    QSignalSpy written(file.get(), &RecoveryFile::written);
+    const QString path = file->path();
+    file->write({{{u"Mine"_s, {}, u"<p>only here</p>"_s}}, {}});
+    QTRY_COMPARE(written.count(), 1);
+    auto *window = new Window(std::move(file));
+    window->recover();
+    QTest::qWait(300);
+    QVERIFY(QFile::exists(path));
+    QVERIFY(window->isWindowModified());
+    delete window; // as in a crash
+    QFile::remove(path);
+}
+
 /// Of what was typed, never more than the last five seconds are lost, and what is there can be read.
 void TstDocumentEditor::kills()
 {
@@ -222,7 +243,8 @@ void TstDocumentEditor::kills()
         const QString text = copy ? text_of(copy->sections.constFirst()) : QString();
         for (const auto &[time, word] : std::as_const(typed)) {
             if (time < killed - 5000)
-                QVERIFY2(text.contains(word.trimmed()), qPrintable(u"%1 of %2 ms: %3"_s.arg(time).arg(killed).arg(word)));
+                QVERIFY2(text.contains(word.trimmed()),
+                         qPrintable(u"%1 of %2 ms: %3"_s.arg(time).arg(killed).arg(word)));
         }
     }
     QDir(recovery_directory()).removeRecursively();
@@ -260,8 +282,8 @@ void TstDocumentEditor::keys_are_unambiguous()
         QStringList letters;
         const auto items = menu->actions();
         for (const QAction *action : items) {
-            if (!action->isSeparator())
-                letters.append(QKeySequence::mnemonic(action->text()).toString());
+            if (const QKeySequence letter = QKeySequence::mnemonic(action->text()); !letter.isEmpty())
+                letters.append(letter.toString());
             if (action->parent() != window)
                 shortcuts += QKeySequence::listToString(action->shortcuts()).split(u"; "_s, Qt::SkipEmptyParts);
         }

@@ -177,7 +177,8 @@ void TstDocumentFile::full_disk_keeps_the_earlier_copy()
     const bool has_failed = QTest::qWaitFor([&] { return failed.count() == 2; });
     setrlimit(RLIMIT_FSIZE, &limit);
     QVERIFY(has_failed);
-    QVERIFY(failed.at(0).at(0).toString().contains("too large"_L1));
+    for (const QList<QVariant> &reason : failed)
+        QVERIFY2(reason.at(0).toString().contains("too large"_L1), qPrintable(reason.at(0).toString()));
     QVERIFY(same(from_bytes(read_file(file.path())), document));
     file.remove();
 }
