@@ -15,6 +15,7 @@
 #include <QtCore/QString>
 #include <QtCore/QVariant>
 #include <QtGui/QFont>
+#include <QtGui/QKeySequence>
 #include <QtGui/QTextCharFormat>
 #include <QtGui/QTextListFormat>
 #include <QtWidgets/QTextEdit>
@@ -23,6 +24,7 @@
 #include <memory>
 #include <optional>
 #include <type_traits>
+#include <vector>
 
 QT_BEGIN_NAMESPACE
 class QAction;
@@ -276,6 +278,23 @@ private:
     };
     CustomTextEditor(ForForms, QWidget *parent);
 
+    struct CommandAction
+    {
+        QAction *action;
+        const char *text;              // untranslated
+        QList<QKeySequence> shortcuts; // while they are taken away
+    };
+    friend class ToolbarBuilder;
+
+    QAction *make_action(EditorCommand command, const char *name, const char *text);
+    void add_text_buttons();
+    void add_paragraph_buttons();
+    void add_spelling_buttons();
+    void add_insertion_buttons();
+    void add_table_commands();
+    void update_table_commands();
+    void retranslate();
+    bool embed_picture(const QImage &picture, const QSize &shown_size);
     void create_toolbar(QBoxLayout *column);
     void create_text_area(QBoxLayout *column);
     void create_status_row(QBoxLayout *column);
@@ -297,6 +316,8 @@ private:
     bool is_ignored(const QString &word) const;
     void take_underlines_away(const QString &word);
 
+    std::vector<CommandAction> m_commands; // by EditorCommand
+    bool m_shortcuts_enabled = true;
     WritingColours *m_colours = nullptr;
     std::unique_ptr<DocumentStatistics> m_statistics;
     std::unique_ptr<PictureHandling> m_pictures;

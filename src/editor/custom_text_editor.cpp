@@ -4,6 +4,8 @@
 #include "editor/document_statistics.h"
 #include "editor/edit_state.h"
 #include "editor/embedded_pictures.h"
+#include "editor/language_for_forms.h"
+#include "editor/log.h"
 #include "editor/status_label.h"
 #include "editor/text_area.h"
 #include "editor/text_focus.h"
@@ -33,14 +35,14 @@ constexpr int k_side_margin = 70;      // pixels
 constexpr int k_icon_size = 16;        // pixels
 constexpr int k_zoom_button_size = 25; // pixels
 
-QPushButton *zoom_button(const QString &text, const QString &accessible_name)
+QPushButton *zoom_button(const QString &text, const QString &name)
 {
     auto *button = new QPushButton(text);
+    button->setObjectName(name);
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     button->setMaximumSize(k_zoom_button_size, k_zoom_button_size);
     button->setEnabled(true);
     button->setFocusPolicy(Qt::TabFocus); // a click leaves the focus in the text
-    button->setAccessibleName(accessible_name);
     return button;
 }
 
@@ -59,8 +61,17 @@ CustomTextEditor::~CustomTextEditor()
     delete search_dialog.data();
 }
 
+CustomTextEditor::CustomTextEditor(ForForms, QWidget *parent)
+    : CustomTextEditor(std::nullopt, parent, language_for_forms())
+{
+}
+
 void CustomTextEditor::initUI()
 {
+    if (text_edit) {
+        qCWarning(log_editor, "initUI(): the editor is built already");
+        return;
+    }
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(k_side_margin, 0, k_side_margin, 0);
     create_toolbar(column);
@@ -89,10 +100,9 @@ void CustomTextEditor::create_toolbar(QBoxLayout *column)
 void CustomTextEditor::create_text_area(QBoxLayout *column)
 {
     text_edit = new TextArea(this);
-    word_count_label = new StatusLabel;
+    word_count_label = new StatusLabel(this); // not without a parent: what follows may throw
     text_edit->setStyleSheet(u"QTextEdit { padding: 50px; border: 1px solid lightgray; }"_s);
     text_edit->setAutoFormatting(QTextEdit::AutoAll);
-    text_edit->setAccessibleName(tr("Document"));
     connect(text_edit, &QTextEdit::cursorPositionChanged, this, &CustomTextEditor::update_from_cursor);
     connect(text_edit, &QTextEdit::textChanged, this, &CustomTextEditor::count_words);
     connect(text_edit, &QTextEdit::selectionChanged, this, &CustomTextEditor::selection_changed);
@@ -117,8 +127,8 @@ void CustomTextEditor::create_text_area(QBoxLayout *column)
 
 void CustomTextEditor::create_status_row(QBoxLayout *column)
 {
-    QPushButton *zoom_in_button = zoom_button(u"+"_s, tr("Zoom in"));
-    QPushButton *zoom_out_button = zoom_button(u"-"_s, tr("Zoom out"));
+    QPushButton *zoom_in_button = zoom_button(u"+"_s, u"zoom_in_button"_s);
+    QPushButton *zoom_out_button = zoom_button(u"-"_s, u"zoom_out_button"_s);
     connect(zoom_in_button, &QPushButton::clicked, this, &CustomTextEditor::zoom_in);
     connect(zoom_out_button, &QPushButton::clicked, this, &CustomTextEditor::zoom_out);
     zoom_label = new QLabel(u"100%"_s);
@@ -176,6 +186,10 @@ void CustomTextEditor::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange && m_colours)
         m_colours->wear();
+    if (event->type() == QEvent::LanguageChange && !m_commands.empty()) {
+        retranslate();
+        count_words();
+    }
 }
 
 } // namespace my_classes

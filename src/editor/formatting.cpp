@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 the my_classes authors
 // SPDX-License-Identifier: MIT
 
+#include "editor/log.h"
 #include "editor/word_under_cursor.h"
 #include "frame/diagnostics.h"
 
 #include <my_classes/custom_text_editor.h>
 
-#include <QtCore/QLoggingCategory>
 #include <QtCore/QSignalBlocker>
 #include <QtGui/QAction>
 #include <QtGui/QTextTable>
@@ -17,8 +17,6 @@
 #include <utility>
 
 namespace my_classes {
-
-Q_LOGGING_CATEGORY(log_editor, "my_classes.editor")
 
 namespace {
 

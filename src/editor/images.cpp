@@ -58,6 +58,8 @@ std::optional<QByteArray> scaled_and_encoded(QImage picture, const QString &widt
 
 void CustomTextEditor::insert_image()
 {
+    if (text_edit->isReadOnly())
+        return;
     const QPointer<CustomTextEditor> still_here(this);
     const QString file_path = ask_for_file(this, tr("Insert Image"), tr("Images (*.png *.xpm *.jpg *.bmp)"));
     if (file_path.isEmpty() || !still_here)
@@ -82,6 +84,31 @@ void CustomTextEditor::insert_image()
     base64.reset();
     text_edit->textCursor().insertHtml(html);
     text_edit->ensureCursorVisible();
+}
+
+bool CustomTextEditor::insert_picture(const QImage &picture, const QSize &size)
+{
+    if (!size.isValid())
+        return embed_picture(picture, picture.deviceIndependentSize().toSize());
+    if (picture.isNull() || size.isEmpty() || !is_buildable_picture(size.width(), size.height()))
+        return false;
+    return embed_picture(picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation), size);
+}
+
+/// Embeds all that the picture has, and shows it in `shown_size`.
+bool CustomTextEditor::embed_picture(const QImage &picture, const QSize &shown_size)
+{
+    if (picture.isNull() || text_edit->isReadOnly() || !is_buildable_picture(picture.width(), picture.height()))
+        return false;
+    const WaitCursor wait;
+    const std::optional<QByteArray> png = encode_picture(picture);
+    if (!png)
+        return false;
+    const auto side = [](int pixels) { return QString::number(pixels); };
+    text_edit->textCursor().insertHtml(
+        image_html(png->toBase64(), side(shown_size.width()), side(shown_size.height())));
+    text_edit->ensureCursorVisible();
+    return true;
 }
 
 } // namespace my_classes

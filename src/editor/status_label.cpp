@@ -5,11 +5,13 @@
 
 #include <QtGui/QHelpEvent>
 #include <QtGui/QPainter>
+#include <QtWidgets/QStyle>
 #include <QtWidgets/QToolTip>
 
 namespace my_classes {
 
-StatusLabel::StatusLabel()
+StatusLabel::StatusLabel(QWidget *parent)
+    : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -40,7 +42,9 @@ void StatusLabel::paintEvent(QPaintEvent *)
     const bool surely_fits = text().size() * metrics.maxWidth() <= width();
     const QString shown = surely_fits ? text() : metrics.elidedText(text(), Qt::ElideRight, width());
     painter.setPen(palette().color(foregroundRole()));
-    painter.drawText(contentsRect(), Qt::AlignVCenter | Qt::TextSingleLine, shown);
+    painter.drawText(contentsRect(),
+                     QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine,
+                     shown);
 }
 
 } // namespace my_classes

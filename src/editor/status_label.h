@@ -14,7 +14,7 @@ class StatusLabel : public QLabel
     Q_OBJECT
 
 public:
-    StatusLabel();
+    explicit StatusLabel(QWidget *parent);
 
     QSize minimumSizeHint() const override;
     QSize sizeHint() const override;

@@ -21,20 +21,28 @@ constexpr qint64 k_most_cells = 100'000;
 
 void CustomTextEditor::insert_table()
 {
+    if (text_edit->isReadOnly())
+        return;
     TableDimensionInputDialog dialog;
     if (!accepted_over(this, &dialog))
         return;
-
     const auto inputs = dialog.get_inputs();
     const std::optional<int> rows = entered_number(inputs.first);
     const std::optional<int> columns = entered_number(inputs.second);
-    // A row without columns has to be read, too.
-    if (!rows || !columns || qint64(*rows) * qMax(*columns, 1) > k_most_cells)
-        return;
+    if (rows && columns)
+        insert_table_of_size(*rows, *columns);
+}
 
+bool CustomTextEditor::insert_table_of_size(int rows, int columns)
+{
+    // A row without columns has to be read, too, and the columns of no row have to be written.
+    const qint64 cells = qint64(qMax(rows, 1)) * qMax(columns, 1);
+    if (rows < 0 || columns < 0 || cells > k_most_cells || text_edit->isReadOnly())
+        return false;
     const WaitCursor wait;
-    text_edit->textCursor().insertHtml(table_html(*rows, *columns));
+    text_edit->textCursor().insertHtml(table_html(rows, columns));
     text_edit->ensureCursorVisible();
+    return true;
 }
 
 } // namespace my_classes

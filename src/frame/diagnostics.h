@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <my_classes/diagnostic_output.h>
+
 #include <QtCore/QSet>
 #include <QtCore/QStringList>
 #include <QtCore/QTextStream>
@@ -23,6 +25,8 @@ inline QString quoted_list(const QStringList &words)
 template<typename First, typename... Rest>
 void trace(const First &first, const Rest &...rest)
 {
+    if (!diagnostic_output())
+        return;
     QTextStream line(stdout);
     line << first;
     ((line << ' ' << rest), ...);

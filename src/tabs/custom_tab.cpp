@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the my_classes authors
 // SPDX-License-Identifier: MIT
 
+#include "editor/language_for_forms.h"
+
 #include <my_classes/custom_tab.h>
 #include <my_classes/custom_text_editor.h>
 
@@ -18,13 +20,19 @@ CustomTab::CustomTab(const std::optional<QString> &font_family, const std::optio
     , editor_font(font_family)
     , editor_fontsize(font_size)
 {
+    editor = create_editor(); // first, for it may throw
     auto *column = new QVBoxLayout;
-    editor = create_editor();
     connect(editor->text_edit, &QTextEdit::textChanged, this, &CustomTab::editor_text_changed);
     connect(editor, &CustomTextEditor::lang_changed, this, [this](const QString &now) { lang = now; });
     column->addWidget(editor);
     setLayout(column);
     setFocusProxy(editor);
+}
+
+CustomTab::CustomTab(ForForms, QWidget *parent)
+    : CustomTab(std::nullopt, std::nullopt, language_for_forms())
+{
+    setParent(parent);
 }
 
 CustomTextEditor *CustomTab::create_editor()

@@ -1,0 +1,264 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include "support/test_support.h"
+
+#include <my_classes/custom_tab.h>
+#include <my_classes/custom_text_editor.h>
+#include <my_classes/diagnostic_output.h>
+
+#include <QtCore/QMimeData>
+#include <QtCore/QTranslator>
+#include <QtGui/QAction>
+#include <QtGui/QClipboard>
+#include <QtGui/QTextList>
+#include <QtGui/QTextTable>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QToolBar>
+#include <QtWidgets/QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+using my_classes::CustomTextEditor;
+using my_classes::EditorCommand;
+
+namespace {
+
+void show_active(QWidget &window)
+{
+    window.show();
+    window.activateWindow();
+    if (!QTest::qWaitForWindowActive(&window))
+        qFatal("The window does not become active");
+}
+
+void select(CustomTextEditor &editor, int anchor, int position)
+{
+    QTextCursor cursor = editor.text_edit->textCursor();
+    cursor.setPosition(anchor);
+    cursor.setPosition(position, QTextCursor::KeepAnchor);
+    editor.text_edit->setTextCursor(cursor);
+}
+
+QList<EditorCommand> all_commands()
+{
+    QList<EditorCommand> all;
+    for (int i = 0; i <= int(EditorCommand::RemoveColumns); ++i)
+        all << EditorCommand(i);
+    return all;
+}
+
+/// The texts of the cells, row by row.
+QString cells(const QTextTable *table)
+{
+    QStringList rows;
+    for (int row = 0; table && row < table->rows(); ++row) {
+        QStringList texts;
+        for (int column = 0; column < table->columns(); ++column) {
+            QTextCursor cursor = table->cellAt(row, column).firstCursorPosition();
+            cursor.setPosition(table->cellAt(row, column).lastPosition(), QTextCursor::KeepAnchor);
+            texts << cursor.selectedText();
+        }
+        rows << texts.join(u',');
+    }
+    return rows.join(u'/');
+}
+
+/// Puts everything in angle brackets.
+class Brackets : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char *, const char *source, const char *, int) const override
+    {
+        return u'<' + QString::fromUtf8(source) + u'>';
+    }
+};
+
+} // namespace
+
+/// The editor's commands as a host reaches them.
+class TstCommands : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { test_support::fail_on_warnings(); }
+    void actions_are_those_of_the_tool_bar();
+    void shortcuts_are_the_hosts_if_it_wants();
+    void rows_and_columns();
+    void tables_and_pictures_without_dialogs();
+    void forms_pass_a_parent_alone();
+    void a_new_language_is_shown();
+    void lines_on_standard_output_can_be_silenced();
+};
+
+void TstCommands::actions_are_those_of_the_tool_bar()
+{
+    CustomTextEditor editor({});
+    QList<QAction *> in_bar;
+    for (QAction *action : editor.toolbar->actions()) {
+        if (!action->isSeparator() && !action->text().isEmpty())
+            in_bar << action;
+    }
+    QStringList names;
+    QList<QAction *> of_commands;
+    for (const EditorCommand command : all_commands()) {
+        of_commands << editor.action(command);
+        names << of_commands.last()->objectName();
+        QCOMPARE(editor.findChild<QAction *>(names.last()), of_commands.last());
+    }
+    QCOMPARE(of_commands.mid(0, in_bar.size()), in_bar);
+    QCOMPARE(of_commands.size(), in_bar.size() + 6);
+    QCOMPARE(names.removeDuplicates(), 0);
+    QCOMPARE(editor.bold_action->objectName(), u"bold_action"_s);
+    QCOMPARE(editor.action(EditorCommand::PasteUnformatted)->objectName(), u"paste_unformatted_action"_s);
+
+    QMenu menu;
+    menu.addAction(editor.action(EditorCommand::Bold));
+    editor.text_edit->setPlainText(u"word"_s);
+    menu.actions().constFirst()->trigger();
+    QVERIFY(editor.text_edit->fontWeight() == QFont::Bold && editor.bold_action->isChecked());
+
+    for (const char *call : {"initUI", "add_toolbar_buttons"})
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QLatin1StringView(call)));
+    editor.initUI();
+    editor.add_toolbar_buttons();
+    QCOMPARE(editor.findChildren<QAction *>(u"bold_action"_s).size(), 1);
+}
+
+void TstCommands::shortcuts_are_the_hosts_if_it_wants()
+{
+    QWidget window;
+    auto *column = new QVBoxLayout(&window);
+    CustomTextEditor editor({});
+    column->addWidget(&editor);
+    QAction bold(u"the host's"_s);
+    bold.setShortcut(u"Ctrl+B"_s);
+    window.addAction(&bold);
+    int triggered = 0;
+    connect(&bold, &QAction::triggered, &window, [&] { ++triggered; });
+    show_active(window);
+    editor.set_shortcuts_enabled(false);
+    editor.set_shortcuts_enabled(false);
+    QVERIFY(!editor.shortcuts_enabled());
+    QTest::keySequence(window.windowHandle(), u"A, Ctrl+B, B, Ctrl+Z"_s); // undoing is the text area's own
+    QCOMPARE(triggered, 1);
+    QVERIFY(editor.text_edit->fontWeight() != QFont::Bold);
+    QCOMPARE(editor.get_text_content(), QString());
+    window.removeAction(&bold);
+    editor.set_shortcuts_enabled(true);
+    QTest::keySequence(window.windowHandle(), u"Ctrl+B, A"_s);
+    QCOMPARE(editor.text_edit->fontWeight(), int(QFont::Bold));
+    QCOMPARE(editor.action(EditorCommand::Undo)->shortcuts(), QList{QKeySequence(QKeySequence::Undo)});
+}
+
+void TstCommands::rows_and_columns()
+{
+    CustomTextEditor editor({});
+    QTextDocument *document = editor.text_edit->document();
+    QVERIFY(!editor.action(EditorCommand::RemoveRows)->isEnabled());
+    QVERIFY(editor.insert_table_of_size(2, 2));
+    // Another one after it was removed and brought back.
+    const auto table = [&] { return qobject_cast<QTextTable *>(document->rootFrame()->childFrames().value(0)); };
+    for (int cell = 0; cell < 4; ++cell)
+        table()->cellAt(cell / 2, cell % 2).firstCursorPosition().insertText(QString(QChar(u'a' + cell)));
+    const auto at = [&](int row, int column) { return table()->cellAt(row, column).firstPosition(); };
+    const auto is_one_step = [&](EditorCommand command, const QString &after) {
+        const QString before = editor.get_html_content();
+        if (!editor.action(command)->isEnabled())
+            return false;
+        editor.action(command)->trigger();
+        const bool changed = cells(editor.text_edit->textCursor().currentTable()) == after;
+        editor.text_edit->undo();
+        return changed && editor.get_html_content() == before;
+    };
+    for (const auto &[command, after] :
+         {std::pair(EditorCommand::InsertRowAbove, u"a,b/,/c,d"_s), {EditorCommand::InsertRowBelow, u"a,b/c,d/,"_s},
+          {EditorCommand::InsertColumnBefore, u",a,b/,c,d"_s}, {EditorCommand::InsertColumnAfter, u"a,,b/c,,d"_s},
+          {EditorCommand::RemoveRows, u"a,b"_s}, {EditorCommand::RemoveColumns, u"b/d"_s}}) {
+        select(editor, at(1, 0), at(1, 0));
+        QVERIFY2(is_one_step(command, after), qPrintable(after));
+    }
+    select(editor, at(0, 0), at(1, 1)); // everything
+    QVERIFY(is_one_step(EditorCommand::RemoveRows, QString()));
+    select(editor, at(0, 1), at(1, 1));
+    QVERIFY(is_one_step(EditorCommand::InsertColumnAfter, u"a,b,/c,d,"_s));
+    select(editor, at(1, 1), at(1, 1));
+    editor.insert_row_below();
+    QCOMPARE(table()->cellAt(2, 1).format(), table()->cellAt(1, 1).format()); // looks like its neighbour
+    editor.text_edit->setReadOnly(true);
+    const QString before = editor.get_html_content();
+    editor.remove_columns();
+    QCOMPARE(editor.get_html_content(), before);
+    editor.text_edit->setReadOnly(false);
+    editor.text_edit->moveCursor(QTextCursor::End);
+    QVERIFY(!editor.action(EditorCommand::InsertRowBelow)->isEnabled());
+    editor.insert_row_below();
+    QCOMPARE(editor.get_html_content(), before);
+}
+
+void TstCommands::tables_and_pictures_without_dialogs()
+{
+    CustomTextEditor editor({});
+    editor.set_text_content(u"text"_s);
+    const QString before = editor.get_html_content();
+    QImage picture(40, 30, QImage::Format_RGB32);
+    picture.fill(Qt::green);
+    for (const auto &[rows, columns] : {std::pair(-1, 2), {2, -1}, {0, 2147483647}, {2147483647, 0}, {1000, 1000}})
+        QVERIFY(!editor.insert_table_of_size(rows, columns));
+    QVERIFY(!editor.insert_picture({}) && !editor.insert_picture(picture, {100'000, 100'000}));
+    editor.text_edit->setReadOnly(true);
+    QVERIFY(!editor.insert_picture(picture) && !editor.insert_table_of_size(1, 1));
+    QCOMPARE(editor.get_html_content(), before);
+    editor.text_edit->setReadOnly(false);
+    for (const QSize &size : {QSize(), QSize(20, 60)}) {
+        QVERIFY(editor.insert_picture(picture, size));
+        const QTextImageFormat format = editor.text_edit->currentCharFormat().toImageFormat();
+        const QByteArray png = QByteArray::fromBase64(format.name().section(u',', 1).toLatin1());
+        QCOMPARE(QImage::fromData(png).size(), size.isValid() ? size : picture.size());
+        QCOMPARE(QSizeF(format.width(), format.height()), QSizeF(size.isValid() ? size : picture.size()));
+        editor.text_edit->undo();
+        QCOMPARE(editor.get_html_content(), before);
+    }
+}
+
+void TstCommands::forms_pass_a_parent_alone()
+{
+    QWidget form;
+    const auto *editor = new CustomTextEditor(&form);
+    QCOMPARE(editor->parentWidget(), &form);
+    const auto *tab = new my_classes::CustomTab(&form);
+    QCOMPARE(tab->parentWidget(), &form);
+    QVERIFY(tab->lang == editor->lang && tab->editor->spellchecker && editor->spellchecker);
+    const CustomTextEditor as_ever({}, &form);
+    QCOMPARE(as_ever.lang, u"en"_s);
+}
+
+void TstCommands::a_new_language_is_shown()
+{
+    CustomTextEditor editor({});
+    const Brackets brackets;
+    QCoreApplication::installTranslator(const_cast<Brackets *>(&brackets));
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(editor.bold_action->text(), u"<Bold>"_s);
+    QCOMPARE(editor.suggestionsComboBox->placeholderText(), u"<Spellcheck Suggestions>"_s);
+    QCOMPARE(editor.text_edit->accessibleName(), u"<Document>"_s);
+    QCoreApplication::removeTranslator(const_cast<Brackets *>(&brackets));
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(editor.action(EditorCommand::RemoveRows)->text(), u"Remove Rows"_s);
+}
+
+void TstCommands::lines_on_standard_output_can_be_silenced()
+{
+    CustomTextEditor editor({});
+    const auto check = [&] { return test_support::standard_output_of([&] { editor.check_spelling(); }); };
+    my_classes::set_diagnostic_output(false);
+    QVERIFY(!my_classes::diagnostic_output());
+    QCOMPARE(check(), QString());
+    my_classes::set_diagnostic_output(true);
+    QCOMPARE(check(), u"Misspelled words: 0 []\n"_s);
+}
+
+MY_CLASSES_TEST_MAIN(TstCommands)
+#include "tst_commands.moc"
