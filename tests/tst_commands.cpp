@@ -173,10 +173,12 @@ void TstCommands::rows_and_columns()
         editor.text_edit->undo();
         return changed && editor.get_html_content() == before;
     };
-    for (const auto &[command, after] :
-         {std::pair(EditorCommand::InsertRowAbove, u"a,b/,/c,d"_s), {EditorCommand::InsertRowBelow, u"a,b/c,d/,"_s},
-          {EditorCommand::InsertColumnBefore, u",a,b/,c,d"_s}, {EditorCommand::InsertColumnAfter, u"a,,b/c,,d"_s},
-          {EditorCommand::RemoveRows, u"a,b"_s}, {EditorCommand::RemoveColumns, u"b/d"_s}}) {
+    for (const auto &[command, after] : {std::pair(EditorCommand::InsertRowAbove, u"a,b/,/c,d"_s),
+                                         {EditorCommand::InsertRowBelow, u"a,b/c,d/,"_s},
+                                         {EditorCommand::InsertColumnBefore, u",a,b/,c,d"_s},
+                                         {EditorCommand::InsertColumnAfter, u"a,,b/c,,d"_s},
+                                         {EditorCommand::RemoveRows, u"a,b"_s},
+                                         {EditorCommand::RemoveColumns, u"b/d"_s}}) {
         select(editor, at(1, 0), at(1, 0));
         QVERIFY2(is_one_step(command, after), qPrintable(after));
     }

@@ -40,7 +40,8 @@ void CustomTextEditor::update_table_commands()
 
 void CustomTextEditor::insert_row_above()
 {
-    change_table(text_edit, [](QTextTable *table, const CellRange &cells) { insert_rows(table, cells.row, cells.row); });
+    change_table(text_edit,
+                 [](QTextTable *table, const CellRange &cells) { insert_rows(table, cells.row, cells.row); });
 }
 
 void CustomTextEditor::insert_row_below()
