@@ -8,12 +8,14 @@
 #include <QtCore/QSet>
 #include <QtCore/QString>
 #include <QtGui/QSyntaxHighlighter>
+#include <QtGui/QTextLayout>
 
 #include <memory>
 
 namespace my_classes {
 
 class MisspelledMatcher;
+class WordMarker;
 
 /// Underlines every whole-word, case-sensitive occurrence of the listed words in its document, in red.
 ///
@@ -38,14 +40,23 @@ public:
     /// every paragraph that changes.
     void rehighlight();
 
-    /// The listed words. Changed by setMisspelled() only.
+    /// The listed words. Changed by setMisspelled() only, and by an editor that marks words while they are written.
     QSet<QString> misspelled;
 
 protected:
     void highlightBlock(const QString &text) override;
 
 private:
+    friend class WordMarker;
+
+    void add_to_list(const QString &word);
+    void remove_from_list(const QString &word);
+    bool mark(const QTextBlock &block);
+    QList<QTextLayout::FormatRange> underlines(const QTextBlock &block, const QString &text) const;
+
     std::unique_ptr<MisspelledMatcher> m_matcher;
+    WordMarker *m_marker = nullptr; // while there is one
+    QMetaObject::Connection m_edits;
 };
 
 } // namespace my_classes

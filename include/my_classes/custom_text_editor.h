@@ -44,6 +44,7 @@ class CustomHighlighter;
 class DocumentStatistics;
 class EditState;
 class PictureHandling;
+class WordMarker;
 class WritingColours;
 
 /// A rich-text editor: tool bar, text area, statistics line and zoom, with spell checking.
@@ -222,7 +223,9 @@ public:
     void ignore_word(const QString &word);
 
     /// Whether words are marked while the person writes; off at first. What is typed is checked a moment after the
-    /// caret has left the word or the typing pauses; pasted and loaded text in slices. Never the word being typed.
+    /// caret has left the word or the typing pauses; pasted and loaded text in slices. Never the word being typed. The
+    /// marks are those of check_spelling(), which may still be called. Switching it off takes them away. It stays on,
+    /// and does nothing, without spelling.
     void set_marking_while_writing(bool on);
     bool is_marking_while_writing() const;
 
@@ -272,6 +275,8 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
+    friend class WordMarker;
+
     struct ForForms
     {
         explicit ForForms(int) {} // so that {} is none
@@ -326,6 +331,7 @@ private:
     QFont m_unzoomed_font;         // the text area's, before zooming
     double m_zoomed_size = 0;      // its size in points after the last zoom step
     QString m_checker_lang;        // what the checker was made with; hosts may assign `lang`
+    QPointer<WordMarker> m_marker; // belongs to the highlighter
     QSet<QString> m_ignored_words; // in the form that all their capitals share
 };
 

@@ -11,6 +11,10 @@
 
 #include <memory>
 
+namespace my_classes {
+class WordMarker;
+}
+
 namespace my_spellchecker {
 
 class CheckedText;
@@ -73,6 +77,8 @@ public:
     QStringList get_suggestions(const QString &word);
 
 private:
+    friend class my_classes::WordMarker;
+
     std::shared_ptr<Dictionary> m_dictionary;
     std::unique_ptr<CheckedText> m_checked_text;
 

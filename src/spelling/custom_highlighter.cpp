@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the my_classes authors
 // SPDX-License-Identifier: MIT
 
+#include "spelling/changed_text.h"
 #include "spelling/misspelled_matcher.h"
+#include "spelling/word_marker.h"
 
 #include <my_classes/custom_highlighter.h>
 
@@ -38,17 +40,43 @@ void CustomHighlighter::setMisspelled(const QSet<QString> &words)
 {
     misspelled = words;
     m_matcher = std::make_unique<MisspelledMatcher>(misspelled);
+    if (m_marker)
+        m_marker->list_was_replaced();
     rehighlight();
+}
+
+/// Makes no underlines: mark() does, a paragraph at a time.
+void CustomHighlighter::add_to_list(const QString &word)
+{
+    misspelled.insert(word);
+    m_matcher->add(word);
+}
+
+void CustomHighlighter::remove_from_list(const QString &word)
+{
+    misspelled.remove(word);
+    if (!m_matcher->remove(word))
+        m_matcher = std::make_unique<MisspelledMatcher>(misspelled);
 }
 
 void CustomHighlighter::setDocument(QTextDocument *document)
 {
+    // Before the base class, whose formatting of an edit depends on where the person types.
+    disconnect(m_edits);
+    if (document) {
+        m_edits = connect(document, &QTextDocument::contentsChange, this, [this](int position, int removed, int added) {
+            if (m_marker)
+                m_marker->edited(position, removed, added);
+        });
+    }
     // The base class would put off a full pass to the next turn of the event loop; one without words to mark, at once,
     // takes its place.
     auto matcher = std::exchange(m_matcher, std::make_unique<MisspelledMatcher>(QSet<QString>()));
     QSyntaxHighlighter::setDocument(document);
     QSyntaxHighlighter::rehighlight();
     m_matcher = std::move(matcher);
+    if (m_marker)
+        m_marker->start_again();
     rehighlight();
 }
 
@@ -56,42 +84,50 @@ void CustomHighlighter::rehighlight()
 {
     if (!document())
         return;
-    const QTextCharFormat underline = underline_format();
-    int first_changed = -1;
-    int changed_end = -1;
+    ChangedText changed(document());
     for (QTextBlock block = document()->firstBlock(); block.isValid(); block = block.next()) {
-        QTextLayout *layout = block.layout();
-        const bool is_composing = !layout->preeditAreaText().isEmpty();
-        if (is_composing) { // its formats belong to the input method; the base class knows how to keep them
-            rehighlightBlock(block);
-            continue;
-        }
-        QList<QTextLayout::FormatRange> formats;
-        if (!m_matcher->is_empty()) {
-            const QList<MisspelledMatcher::Range> ranges = m_matcher->ranges(block.text());
-            for (const MisspelledMatcher::Range &range : ranges)
-                formats.append({range.start, range.length, underline});
-        }
-        if (formats == layout->formats())
-            continue;
-        layout->setFormats(formats);
-        if (first_changed < 0)
-            first_changed = block.position();
-        changed_end = block.position() + block.length();
+        if (mark(block))
+            changed.add(block);
     }
-    // The layout walks the paragraphs behind each change it is told of, so it is told once.
-    if (first_changed >= 0)
-        document()->markContentsDirty(first_changed, changed_end - first_changed);
+}
+
+/// Brings the underlines of a paragraph up to date. Whether the layout has to be told.
+bool CustomHighlighter::mark(const QTextBlock &block)
+{
+    QTextLayout *layout = block.layout();
+    const bool is_composing = !layout->preeditAreaText().isEmpty();
+    if (is_composing) { // its formats belong to the input method; the base class knows how to keep them
+        rehighlightBlock(block);
+        return false;
+    }
+    const QList<QTextLayout::FormatRange> formats =
+        m_matcher->is_empty() ? QList<QTextLayout::FormatRange>() : underlines(block, block.text());
+    if (formats == layout->formats())
+        return false;
+    layout->setFormats(formats);
+    return true;
 }
 
 void CustomHighlighter::highlightBlock(const QString &text)
 {
     if (m_matcher->is_empty())
         return;
+    const QList<QTextLayout::FormatRange> ranges = underlines(currentBlock(), text);
+    for (const QTextLayout::FormatRange &range : ranges)
+        setFormat(range.start, range.length, range.format);
+}
+
+QList<QTextLayout::FormatRange> CustomHighlighter::underlines(const QTextBlock &block, const QString &text) const
+{
     const QTextCharFormat underline = underline_format();
+    const int typed = m_marker ? m_marker->typed_position(block) : -1;
+    QList<QTextLayout::FormatRange> underlines;
     const QList<MisspelledMatcher::Range> ranges = m_matcher->ranges(text);
-    for (const MisspelledMatcher::Range &range : ranges)
-        setFormat(range.start, range.length, underline);
+    for (const MisspelledMatcher::Range &range : ranges) {
+        if (!touches(text, range.start, range.length, typed))
+            underlines.append({range.start, range.length, underline});
+    }
+    return underlines;
 }
 
 } // namespace my_classes

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the my_classes authors
 // SPDX-License-Identifier: MIT
 
+#include "spelling/word_marker.h"
+
 #include <my_classes/custom_highlighter.h>
 #include <my_classes/custom_text_editor.h>
 
@@ -20,6 +22,8 @@ void CustomTextEditor::set_lang(const QString &language)
         const QSignalBlocker quiet(text_edit); // underlining is not an edit
         highlighter->setMisspelled({});
     }
+    if (m_marker)
+        m_marker->start_again();
     enable_spelling();
     update_suggestions();
     count_words();

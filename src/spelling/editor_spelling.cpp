@@ -4,6 +4,7 @@
 #include "editor/edit_state.h"
 #include "editor/word_under_cursor.h"
 #include "frame/diagnostics.h"
+#include "spelling/word_marker.h"
 
 #include <my_classes/custom_highlighter.h>
 #include <my_classes/custom_text_editor.h>
@@ -91,7 +92,7 @@ void CustomTextEditor::update_suggestions()
     addWordAction->setEnabled(false);
     if (suggestionsComboBox->count() > 0)
         suggestionsComboBox->clear();
-    if (!spellchecker || !highlighter->misspelled.contains(word))
+    if (!spellchecker || !highlighter->misspelled.contains(word) || (m_marker && m_marker->is_typing()))
         return;
 
     trace(u"Misspelled word: "_s + word);

@@ -3,6 +3,7 @@
 
 #include "editor/word_under_cursor.h"
 #include "spelling/word_forms.h"
+#include "spelling/word_marker.h"
 
 #include <my_classes/custom_highlighter.h>
 #include <my_classes/custom_text_editor.h>
@@ -135,14 +136,18 @@ bool CustomTextEditor::is_ignored(const QString &word) const
 void CustomTextEditor::take_underlines_away(const QString &word)
 {
     const QString form = my_spellchecker::comparable(word);
-    QSet<QString> listed = highlighter->misspelled;
-    listed.removeIf(
-        [&](const QString &one) { return my_spellchecker::comparable(one) == form && !is_misspelled(one); });
-    if (listed.size() == highlighter->misspelled.size())
+    QSet<QString> right;
+    for (const QString &one : std::as_const(highlighter->misspelled)) {
+        if (my_spellchecker::comparable(one) == form && !is_misspelled(one))
+            right.insert(one);
+    }
+    if (right.isEmpty())
         return;
-    {
+    if (m_marker) {
+        m_marker->leave_out(right);
+    } else {
         const QSignalBlocker quiet(text_edit); // underlining is not an edit
-        highlighter->setMisspelled(listed);
+        highlighter->setMisspelled(highlighter->misspelled - right);
     }
     update_suggestions();
 }

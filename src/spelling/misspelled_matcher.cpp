@@ -61,18 +61,22 @@ QList<MisspelledMatcher::Range> merged(QList<MisspelledMatcher::Range> ranges)
 
 MisspelledMatcher::MisspelledMatcher(const QSet<QString> &words)
 {
-    for (const QString &word : words) {
-        if (is_word_character_at(word, 0) && is_literal(word) && word.isValidUtf16()) {
-            m_words.insert(word);
-            const qsizetype first_run = run_end(word, 0);
-            if (first_run < word.size())
-                m_compound_lengths[word.left(first_run)].insert(word.size());
-            continue;
-        }
-        QRegularExpression pattern(u"\\b"_s + word + u"\\b"_s, QRegularExpression::UseUnicodePropertiesOption);
-        if (pattern.isValid())
-            m_patterns.push_back(pattern);
+    for (const QString &word : words)
+        add(word);
+}
+
+void MisspelledMatcher::add(const QString &word)
+{
+    if (is_word_character_at(word, 0) && is_literal(word) && word.isValidUtf16()) {
+        m_words.insert(word);
+        const qsizetype first_run = run_end(word, 0);
+        if (first_run < word.size())
+            m_compound_lengths[word.left(first_run)].insert(word.size());
+        return;
     }
+    QRegularExpression pattern(u"\\b"_s + word + u"\\b"_s, QRegularExpression::UseUnicodePropertiesOption);
+    if (pattern.isValid())
+        m_patterns.push_back(pattern);
 }
 
 QList<MisspelledMatcher::Range> MisspelledMatcher::ranges(const QString &text) const

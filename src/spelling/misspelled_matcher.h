@@ -27,6 +27,10 @@ public:
 
     explicit MisspelledMatcher(const QSet<QString> &words);
 
+    void add(const QString &word);
+    /// False for a word that is a pattern: these stay.
+    bool remove(const QString &word) { return m_words.remove(word); }
+
     /// Where `text` is to be underlined: in order, neither overlapping nor touching.
     QList<Range> ranges(const QString &text) const;
 
