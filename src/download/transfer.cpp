@@ -61,10 +61,8 @@ void FileDownloader::Transfer::cancel()
 {
     if (m_ended)
         return;
-    if (m_reply) {
-        m_reply->disconnect(this);
-        abort_reply();
-    }
+    delete m_reply; // not aborted: an error that is on its way would be Qt's second, of which it warns
+    m_reply = nullptr;
     end(true);
 }
 
