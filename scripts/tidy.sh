@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: MIT
 
 # Runs clang-tidy with the checks of .clang-tidy over the library; fails on any finding. Several sources are read as one
-# file, which takes a fifth of the time.
+# file, which takes a fifth of the time; that file includes .cpp files, of course.
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
 need build ci
@@ -14,4 +14,4 @@ cmake -S . -B build/tidy -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_UNITY_BUI
     -DMY_CLASSES_BUILD_PROGRAM=OFF >build/tidy.log
 cmake --build build/tidy --target my_classes_autogen >>build/tidy.log
 printf '%s\0' build/tidy/src/CMakeFiles/my_classes.dir/Unity/*.cxx |
-    xargs -0 -n1 -P2 clang-tidy --quiet --warnings-as-errors='*' -p build/tidy 2>>build/tidy.log
+    xargs -0 -n1 -P2 clang-tidy --quiet --checks=-bugprone-suspicious-include --warnings-as-errors='*' -p build/tidy 2>>build/tidy.log

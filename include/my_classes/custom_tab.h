@@ -34,23 +34,37 @@ public:
     {
     }
 
+    /// Makes an editor with the font and the language of the tab; it is a child of the tab. The constructor calls it,
+    /// for `editor`: called again it makes one more, which nobody shows.
     CustomTextEditor *create_editor();
+    /// Emits text_changed().
     void editor_text_changed();
 
+    /// This and the next six are those of `editor`, of the same names.
     QString get_html_content() const;
+    /// As CustomTextEditor::get_text_content().
     QString get_text_content() const;
+    /// As CustomTextEditor::set_html_content().
     void set_html_content(const QString &content);
+    /// As CustomTextEditor::set_text_content().
     void set_text_content(const QString &content);
+    /// As CustomTextEditor::get_selected_text().
     QString get_selected_text() const;
+    /// As CustomTextEditor::insert_after_selection().
     void insert_after_selection(const QString &text);
+    /// As CustomTextEditor::replace_selected_text().
     void replace_selected_text(const QString &text);
 
     /// As the editor's, and keeps `lang` in step.
     void set_lang(const QString &lang);
 
+    /// The spelling language. Assigning it changes nothing else: use set_lang().
     QString lang;
+    /// The font family that the editor was made with. Assigning it changes nothing.
     std::optional<QString> editor_font;
+    /// The size in points that the editor was made with. Assigning it changes nothing.
     std::optional<int> editor_fontsize;
+    /// The editor, a child of the tab; never null.
     CustomTextEditor *editor = nullptr;
 
 Q_SIGNALS:

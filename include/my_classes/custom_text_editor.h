@@ -75,22 +75,29 @@ public:
     /// Off takes every shortcut of the editor's actions away, so that the host's own work; on (as at first) gives them
     /// back. Alt+F10 and the keys of the text area itself stay.
     void set_shortcuts_enabled(bool enabled);
+    /// Whether set_shortcuts_enabled() has left them on.
     bool shortcuts_enabled() const;
 
     /// Read-only, every command that would write is disabled or does nothing; the same as text_edit->setReadOnly().
     void set_read_only(bool read_only);
+    /// Whether the text area is read-only.
     bool is_read_only() const;
 
+    /// Builds the window; the constructor does. Called again it does nothing but warn in the log.
     void initUI();
+    /// Fills the tool bar; the constructor does. Called again it does nothing but warn in the log.
     void add_toolbar_buttons();
 
     // Zoom. The percentage is the editor's own count: a step is one point of text size and ten per cent.
 
+    /// One step larger, unless zoom_percent has reached zoom_max_percent.
     void zoom_in();
+    /// One step smaller, unless zoom_percent has reached zoom_min_percent.
     void zoom_out();
     /// Applies (percent - 100) / 10 steps, truncated, on top of the present zoom and shows `percent`. Any value is
     /// taken, also outside zoom_min_percent and zoom_max_percent.
     void set_zoom_percent(int percent);
+    /// Shows zoom_percent in the label.
     void update_zoom_label();
     /// Zooms one step if Ctrl is held, otherwise scrolls the text area.
     void wheel_event(QWheelEvent *event);
@@ -101,27 +108,37 @@ public:
     void merge_format_on_selection(const QTextCharFormat &format);
     /// These three follow the checked state of the action that sent the signal; called directly they only warn.
     void set_bold();
+    /// As set_bold().
     void set_italic();
+    /// As set_bold().
     void set_underline();
+    /// Sets the family and gives the focus to the text.
     void set_font_family(const QString &family);
     /// Size in points, as text or number. A text that is no number, or a size that is not finite and positive,
     /// changes nothing but for a warning in the log.
     void set_font_size(const QString &size);
+    /// The size in points, as above.
     void set_font_size(double size);
+    /// Aligns the paragraphs of the selection, or the one at the caret.
     void set_alignment(Qt::Alignment alignment);
     /// Sets the line height of every paragraph and leaves the whole document selected.
     void set_line_spacing(double factor);
     /// Takes the character format off the selection. Images stay.
     void clear_formatting();
+    /// Shows in the tool bar whether the text at the caret is bold, italic and underlined.
     void update_format_buttons();
+    /// Shows family and size at the caret in the font boxes.
     void update_font_combos();
+    /// Enables what a selection makes possible and counts it.
     void selection_changed();
 
     // Insertions, each one undo step. The last two ask in modal dialogs, which the editor may die under.
 
     /// The paragraphs of the selection become a new list; without a selection a new paragraph starts one.
     void insert_numbered_list();
+    /// As insert_numbered_list(), with round bullets.
     void insert_bullet_list_disc();
+    /// As insert_numbered_list(), with square bullets.
     void insert_bullet_list_square();
     /// Asks for rows and columns. A cancelled dialog, an empty field or more than 100,000 cells insert nothing.
     void insert_table();
@@ -138,18 +155,26 @@ public:
     // Rows and columns of the table at the caret, or of its selected cells; each one undo step. Outside a table they do
     // nothing. Removing all rows or columns removes the table.
 
+    /// A row above the one at the caret.
     void insert_row_above();
+    /// A row below the one at the caret.
     void insert_row_below();
+    /// A column before the one at the caret.
     void insert_column_before();
+    /// A column after the one at the caret.
     void insert_column_after();
+    /// Removes the row at the caret, or those of the selected cells.
     void remove_rows();
+    /// Removes the column at the caret, or those of the selected cells.
     void remove_columns();
 
     // Content.
 
     /// The document as HTML, at its unzoomed size.
     QString get_html_content() const;
+    /// The document as plain text; paragraphs are separated by line feeds.
     QString get_text_content() const;
+    /// Replaces the document by HTML. It cannot be undone.
     void set_html_content(const QString &content);
     /// HTML if it looks like HTML, otherwise plain text.
     void set_text_content(const QString &content);
@@ -159,6 +184,7 @@ public:
     void insert_after_selection(const QString &text);
     /// Replaces the selection by HTML; an empty text removes it. Does nothing without a selection.
     void replace_selected_text(const QString &text);
+    /// Inserts the text of the clipboard without its format.
     void paste_plain_text();
     /// Asks for a printer and prints the document, unzoomed and without spelling underlines.
     void print_document();
@@ -177,6 +203,7 @@ public:
 
     // Statistics of the selection or, without one, of the document.
 
+    /// Counts again and shows it; the editor calls it after every change.
     void count_words();
     /// What the statistics line shows, as numbers.
     EditorCounts counts() const;
@@ -192,9 +219,15 @@ public:
     void check_spelling();
     /// Moves the cursor to the first word of the document that is in `misspelled`, or to the last word.
     void show_first_misspelled(const QSet<QString> &misspelled);
+    /// Brings the format buttons, the font boxes and the suggestions up to the caret; the editor calls it when that
+    /// moves.
     void update_from_cursor();
+    /// Offers suggestions for the word at the caret, if the last check found it misspelled. In lower case: a word with
+    /// capitals is offered none here.
     void update_suggestions();
+    /// Replaces the word at the caret by the suggestion chosen, in its format and as one undo step.
     void correct_word();
+    /// Adds the word at the caret to the person's word list, emits word_added_to_dictionary() and checks again.
     void add_word_to_dictionary();
     /// Limpia el resaltado de todas las palabras en el documento.
     void clear_highlights();
@@ -209,6 +242,7 @@ public:
     /// A cursor that selects the word at `cursor`, or at `point` of the text area's viewport (pixels); without a
     /// selection if there is none.
     QTextCursor word_at(const QTextCursor &cursor) const;
+    /// The same at `point` of the viewport of the text area, in pixels.
     QTextCursor word_at_point(const QPoint &point) const;
     /// Whether the dictionary, the person's list and this editor's ignored words all lack `word`; also before any
     /// check. False without spelling.
@@ -227,45 +261,76 @@ public:
     /// marks are those of check_spelling(), which may still be called. Switching it off takes them away. It stays on,
     /// and does nothing, without spelling.
     void set_marking_while_writing(bool on);
+    /// Whether set_marking_while_writing() is on.
     bool is_marking_while_writing() const;
 
     /// Opens a new find-and-replace dialog in place of the earlier one.
     void search_text();
 
+    /// The spelling language, as given. Assigning it changes the label at the next count and nothing else: use
+    /// set_lang().
     QString lang;
+    /// The font that the editor was made with. Assigning it changes nothing; text_edit->setFont() does.
     QFont editor_font;
+    /// The tool bar, owned by the editor.
     QToolBar *toolbar = nullptr;
+    /// The text area, owned by the editor. A host may give it another document.
     QTextEdit *text_edit = nullptr;
+    /// The statistics line.
     QLabel *word_count_label = nullptr;
+    /// The checker of `lang`; null without spelling. A checker assigned here is used from then on, but neither the
+    /// label nor `lang` follow: use set_lang().
     std::unique_ptr<my_spellchecker::MySpellChecker> spellchecker;
+    /// Underlines the misspelled words; owned by the document of the text area.
     CustomHighlighter *highlighter = nullptr;
+    /// Shows zoom_percent.
     QLabel *zoom_label = nullptr;
-    int zoom_min_percent = 0;
-    int zoom_max_percent = 200;
+    int zoom_min_percent = 0;   ///< zoom_out() stops here.
+    int zoom_max_percent = 200; ///< zoom_in() stops here.
+    /// The editor's own count. Assigning it zooms nothing: use set_zoom_percent().
     int zoom_percent = 100;
+    /// Kept for hosts: emptied by clear_highlights(), filled by nobody. The results of a search are
+    /// SearchDialog::search_results.
     QList<int> search_results;
+    /// Kept for hosts: set to -1 by clear_highlights().
     int current_search_index = -1;
 
+    /// This and the other actions are those of action(), owned by the editor.
     QAction *bold_action = nullptr;
+    /// EditorCommand::Italic.
     QAction *italic_action = nullptr;
+    /// EditorCommand::Underline.
     QAction *underline_action = nullptr;
+    /// Shows the family at the caret. Disabled and not connected: a host that wants it to set the family does both.
     QFontComboBox *font_combo = nullptr;
+    /// Shows the size at the caret, in points; as font_combo.
     QComboBox *font_size_combo = nullptr;
+    /// EditorCommand::ClearFormatting.
     QAction *clear_formatting_action = nullptr;
+    /// EditorCommand::CheckSpelling.
     QAction *checkAction = nullptr;
+    /// The suggestions for the word at the caret, sorted; the best one is chosen.
     QComboBox *suggestionsComboBox = nullptr;
+    /// EditorCommand::Correct.
     QAction *correctAction = nullptr;
+    /// EditorCommand::AppendToDictionary.
     QAction *addWordAction = nullptr;
 
+    /// The dialog that search_text() opened last, owned by the editor; null before.
     QPointer<SearchDialog> search_dialog;
 
 Q_SIGNALS:
+    /// `word` was added to the person's word list.
     void word_added_to_dictionary(const QString &word);
+    /// check_spelling() has found these words, each once.
     void check_spelling_done(const QSet<QString> &misspelled);
     /// The statistics line shows other numbers.
     void counts_changed(const my_classes::EditorCounts &counts);
+    /// zoom_percent is another one, by the person or the host.
     void zoom_changed(int percent);
+    /// is_modified() has changed.
     void modified_changed(bool modified);
+    /// The text area has become read-only, or is so no longer.
     void read_only_changed(bool read_only);
     /// By set_lang().
     void lang_changed(const QString &lang);

@@ -14,6 +14,7 @@ namespace my_classes {
 
 class FileDownloader;
 
+/// How a download ended.
 enum class DownloadOutcome { Pending, Completed, Failed, Cancelled };
 
 /// Progress dialog of one download, which its construction starts. The host shows and deletes it, at any moment; by
@@ -48,8 +49,10 @@ Q_SIGNALS:
     void download_ended(my_classes::DownloadOutcome outcome);
 
 public Q_SLOTS:
-    void on_download_finished(bool success);
-    void on_download_cancelled();
+    /// Shows the outcome; connected to FileDownloader::download_finished().
+    void on_download_finished(bool success); // clazy:exclude=connect-by-name
+    /// Shows the cancel; connected to FileDownloader::download_cancelled().
+    void on_download_cancelled(); // clazy:exclude=connect-by-name
 
 protected:
     void closeEvent(QCloseEvent *event) override;

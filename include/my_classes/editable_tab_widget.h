@@ -31,6 +31,7 @@ class MY_CLASSES_EXPORT EditableTabWidget : public QTabWidget
     Q_OBJECT
 
 public:
+    /// Without tabs; they can be moved and closed.
     explicit EditableTabWidget(QWidget *parent = nullptr);
 
     /// Opens the field over a title. A field that is open already is not closed.
@@ -38,6 +39,7 @@ public:
     /// Gives the tab the title in the field, without white space around it, and closes the field; leaves the field open
     /// if the title is empty or taken. Nothing without a field.
     void finishEditTabTitle(int index);
+    /// Emits tab_moved().
     void handle_tab_moved(int from_index, int to_index);
     /// Removes a tab if the user confirms it. The page is the host's: it is not deleted.
     void closeTab(int index);
@@ -65,6 +67,7 @@ public:
 Q_SIGNALS:
     /// As QTabBar reports it: a drag over several tabs may come in steps, each the move of the tab that makes way.
     void tab_moved(int from_index, int to_index);
+    /// The person has closed the tab that was called `title`, and it is gone.
     void tab_deleted(const QString &title);
     /// By the person or rename_tab(), if the title has changed.
     void tab_renamed(QWidget *page, const QString &before, const QString &after);

@@ -8,8 +8,8 @@ namespace my_classes {
 /// What the statistics line of an editor counts.
 struct EditorCounts
 {
-    int sentences = 0;
-    int words = 0;
+    int sentences = 0;         ///< as CustomTextEditor::count_sentences() counts
+    int words = 0;             ///< runs of other than white space
     int characters = 0;        ///< code points
     bool of_selection = false; ///< of the selected text, not of the whole
 

@@ -42,7 +42,9 @@ public:
     /// The last status that the server answered with, such as 404; 0 if there was none. Any thread.
     int http_status() const;
 
+    /// What is downloaded. Assigning it holds for the next start().
     QString url;
+    /// Where to. Assigning it holds for the next start().
     QString file_path;
     /// True once cancel() has been called for the present download.
     std::atomic<bool> is_cancelled = false;

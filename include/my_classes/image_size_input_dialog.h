@@ -23,15 +23,16 @@ class MY_CLASSES_EXPORT ImageSizeInputDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// `w` and `h`, in pixels, stand in the fields at first.
     ImageSizeInputDialog(int w, int h, QWidget *parent = nullptr);
 
     /// The two texts as typed: width, height.
     std::pair<QString, QString> get_inputs() const;
 
-    QLineEdit *input1 = nullptr; ///< width
-    QLineEdit *input2 = nullptr; ///< height
-    QPushButton *ok_button = nullptr;
-    QPushButton *cancel_button = nullptr;
+    QLineEdit *input1 = nullptr;          ///< width
+    QLineEdit *input2 = nullptr;          ///< height
+    QPushButton *ok_button = nullptr;     ///< accepts
+    QPushButton *cancel_button = nullptr; ///< rejects
 };
 
 } // namespace my_classes

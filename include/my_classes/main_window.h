@@ -17,8 +17,10 @@ class MY_CLASSES_EXPORT MainWindow : public QMainWindow
     Q_OBJECT
 
 public:
+    /// 800 by 600 pixels, with a 20-point font and the language "en".
     MainWindow();
 
+    /// The editor, owned by the window.
     CustomTextEditor *text_editor = nullptr;
 };
 

@@ -24,6 +24,7 @@ class Dictionary;
 class MY_CLASSES_EXPORT WordFrequency
 {
 public:
+    /// Of `dictionary`, which it shares; MySpellChecker makes one for itself.
     explicit WordFrequency(std::shared_ptr<Dictionary> dictionary);
 
     /// Adds `word`, stripped of surrounding white space, to the person's word list of the language. It holds at once
@@ -43,8 +44,10 @@ private:
 class MY_CLASSES_EXPORT MySpellChecker
 {
 public:
+    /// What belongs to the dictionary in use.
     struct Spell
     {
+        /// Adds words to it.
         WordFrequency word_frequency;
     };
 
@@ -83,6 +86,7 @@ private:
     std::unique_ptr<CheckedText> m_checked_text;
 
 public:
+    /// `spell.word_frequency.add(word)` adds a word to the dictionary in use.
     Spell spell;
 };
 

@@ -37,6 +37,7 @@ class MY_CLASSES_EXPORT SearchDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// For `editor`, which it does not own.
     explicit SearchDialog(QTextEdit *editor);
     ~SearchDialog() override;
 
@@ -88,17 +89,22 @@ public:
     void reject() override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
+    /// The text area; null once that is gone.
     QPointer<QTextEdit> editor;
+    /// What to find. A text set by a program goes on with the search under way, an edited one starts anew.
     QLineEdit *search_input = nullptr;
+    /// What to put in its place.
     QLineEdit *replace_input = nullptr;
-    QPushButton *next_button = nullptr;
-    QPushButton *replace_button = nullptr;
-    QPushButton *replace_all_button = nullptr;
+    QPushButton *next_button = nullptr;        ///< find_next()
+    QPushButton *replace_button = nullptr;     ///< replace(); disabled before the first match
+    QPushButton *replace_all_button = nullptr; ///< replace_all(); disabled before the first match
     /// The search of find_next(); nothing means that the next one starts at the top.
     std::optional<QRegularExpressionMatchIterator> matches;
+    /// Where find_next() goes on in a text that was replaced meanwhile.
     int search_index = 0;
     /// Start positions of the occurrences that find_all_matches() found.
     QList<int> search_results;
+    /// What next_match() navigates to; -1 without results.
     int current_search_index = -1;
 
 protected:

@@ -23,15 +23,16 @@ class MY_CLASSES_EXPORT TableDimensionInputDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// Both fields are empty at first.
     explicit TableDimensionInputDialog(QWidget *parent = nullptr);
 
     /// The two texts as typed: rows, columns.
     std::pair<QString, QString> get_inputs() const;
 
-    QLineEdit *input1 = nullptr; ///< rows
-    QLineEdit *input2 = nullptr; ///< columns
-    QPushButton *ok_button = nullptr;
-    QPushButton *cancel_button = nullptr;
+    QLineEdit *input1 = nullptr;          ///< rows
+    QLineEdit *input2 = nullptr;          ///< columns
+    QPushButton *ok_button = nullptr;     ///< accepts
+    QPushButton *cancel_button = nullptr; ///< rejects
 };
 
 } // namespace my_classes

@@ -199,7 +199,7 @@ void DownloadDialog::closeEvent(QCloseEvent *event)
     if (m_outcome == DownloadOutcome::Pending && !m_cancelled)
         Q_EMIT canceled();
     if (still_here)
-        QDialog::closeEvent(event);
+        QDialog::closeEvent(event); // NOLINT(bugprone-parent-virtual-call): QProgressDialog would cancel
 }
 
 void DownloadDialog::showEvent(QShowEvent *event)

@@ -14,8 +14,8 @@ namespace my_classes {
 
 namespace {
 
-constexpr qint64 k_read_buffer_bytes = 1024 * 1024;
-constexpr std::size_t k_block_bytes = 64 * 1024;
+constexpr qint64 k_read_buffer_bytes = 1'048'576;
+constexpr std::size_t k_block_bytes = 65'536;
 
 } // namespace
 

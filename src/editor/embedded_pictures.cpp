@@ -74,7 +74,7 @@ EmbeddedPictures::Handled EmbeddedPictures::handled(QTextDocument *document, con
 QUrl EmbeddedPictures::decoded(const QString &name)
 {
     const auto known = m_pictures.constFind(name.constData());
-    if (known != m_pictures.cend())
+    if (known != m_pictures.constEnd())
         return known->resource;
     const QStringView base64 = base64_text(name);
     if (base64.isEmpty())

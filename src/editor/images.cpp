@@ -28,7 +28,7 @@ QString ask_for_file(QWidget *editor, const QString &caption, const QString &fil
     const QPointer<QFileDialog> dialog = new QFileDialog(editor, caption, QString(), filter);
     dialog->setFileMode(QFileDialog::ExistingFile);
     const bool is_accepted = dialog->exec() == QDialog::Accepted;
-    const QString file = is_accepted && dialog ? dialog->selectedFiles().value(0) : QString();
+    QString file = is_accepted && dialog ? dialog->selectedFiles().value(0) : QString();
     delete dialog;
     return file;
 }
@@ -45,7 +45,7 @@ std::optional<QByteArray> scaled_and_encoded(QImage picture, const QString &widt
 {
     // With one text empty the picture stays as it is, although the other text is written into the document.
     if (!picture.isNull() && !width.isEmpty() && !height.isEmpty()) {
-        const QSize size(entered_side(width), entered_side(height));
+        const QSize size(int(entered_side(width)), int(entered_side(height)));
         picture = picture.scaled(size);
         if (picture.isNull() && !size.isEmpty())
             return std::nullopt;

@@ -68,6 +68,7 @@ bool TextArea::event(QEvent *event)
 void TextArea::keyPressEvent(QKeyEvent *event)
 {
     // Tab writes a tab, so QTextEdit keeps both directions; Shift+Tab is of no use in the text.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): as said
     if (event->key() == Qt::Key_Backtab && QAbstractScrollArea::focusNextPrevChild(false)) {
         event->accept();
         return;
