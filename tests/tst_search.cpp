@@ -14,6 +14,7 @@
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QProgressDialog>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QTabWidget>
 
 #include <algorithm>
 #include <memory>
@@ -182,6 +183,11 @@ private Q_SLOTS:
     void from_the_editor_by_keys_and_mouse();
     void replace_all_can_be_left();
     void survives_deletion();
+    void survives_slots();
+    void edited_search_text_starts_anew();
+    void comes_and_goes_with_the_text();
+    void does_not_cover_the_match();
+    void marks_are_readable_on_dark();
 };
 
 void TstSearch::same_as_step_by_step_data()
@@ -406,6 +412,9 @@ void TstSearch::survives_deletion()
             auto window = std::make_unique<QWidget>();
             const QPointer<QTextEdit> area = new QTextEdit(u"two b"_s, window.get());
             const QPointer<SearchDialog> dialog = new SearchDialog(area);
+            const std::unique_ptr<SearchDialog, QScopedPointerDeleteLater> owner(dies == u"dialog"_s ? nullptr
+                                                                                                     : dialog);
+            dialog->show();
             dialog->search_input->setText(replacement.startsWith(u"two"_s) ? u"two"_s : u"nothing"_s);
             dialog->replace_input->setText(replacement);
             const Answers answers([&](QDialog *) {
@@ -420,10 +429,129 @@ void TstSearch::survives_deletion()
                 else
                     dialog->replace_all();
             });
-            QVERIFY(!dialog);
+            QVERIFY(dies == u"dialog"_s ? !dialog : dialog && !dialog->isVisible());
+            QVERIFY(!QApplication::activeModalWidget());
             QVERIFY(!area || area->toPlainText().endsWith(u" b"_s));
         }
     }
+}
+
+void TstSearch::survives_slots()
+{
+    for (const QString &dies : {u"area"_s, u"dialog"_s}) {
+        QTextDocument document(u"two b two"_s); // outlives the text area, or Qt would not survive it
+        auto area = std::make_unique<QTextEdit>();
+        area->setDocument(&document);
+        QPointer<SearchDialog> dialog = new SearchDialog(area.get());
+        dialog->search_input->setText(u"two"_s);
+        dialog->replace_input->setText(u"three"_s); // whose first box ends the edit block: the change is reported then
+        if (dies == u"dialog"_s)
+            connect(area.get(), &QTextEdit::textChanged, this, [&] { delete dialog; });
+        else
+            connect(&document, &QTextDocument::contentsChanged, this, [&] { area.reset(); });
+        const Answers answers;
+        trace_of([&] { dialog->replace_all(); });
+        QVERIFY(dies == u"dialog"_s ? !dialog : !area);
+        delete dialog;
+    }
+}
+
+void TstSearch::edited_search_text_starts_anew()
+{
+    QTextEdit area(u"cat sat cat sat"_s);
+    SearchDialog dialog(&area);
+    const auto find = [&](const QString &typed) {
+        trace_of([&] { QTest::keyClicks(dialog.search_input, typed); });
+        return area.textCursor().selectionStart();
+    };
+    QCOMPARE(find(u"cat\r"_s), 0);
+    dialog.search_input->selectAll();
+    QCOMPARE(find(u"sat\r"_s), 4);
+    dialog.search_input->setText(u"cat"_s); // by a program: the search goes on
+    QCOMPARE(find(u"\r"_s), 12);
+}
+
+void TstSearch::comes_and_goes_with_the_text()
+{
+    QTabWidget tabs;
+    auto *area = new QTextEdit(u"cat"_s);
+    tabs.addTab(area, u"1"_s);
+    tabs.addTab(new QTextEdit, u"2"_s);
+    tabs.show();
+    {
+        SearchDialog dialog(area); // on the stack: the host's
+        dialog.show();
+        tabs.setCurrentIndex(1);
+        QVERIFY(!dialog.isVisible());
+        tabs.setCurrentIndex(0);
+        QVERIFY(dialog.isVisible());
+        tabs.setCurrentIndex(1);
+        dialog.close();
+        tabs.setCurrentIndex(0);
+        QVERIFY(!dialog.isVisible());
+        dialog.show();
+        delete area;
+        QVERIFY(!dialog.isVisible());
+        dialog.search_input->setText(u"cat"_s);
+        QCOMPARE(trace_of([&] {
+                     dialog.find_next();
+                     dialog.replace_all();
+                     dialog.find_all_matches();
+                     dialog.close();
+                 }),
+                 QString());
+    }
+}
+
+void TstSearch::does_not_cover_the_match()
+{
+    // Beside the window, and where there is no room for that, over it.
+    for (const QSize &size : {QSize(300, 300), QSize(780, 600)}) {
+        QTextEdit area(u"cat in a line of its own<br>"_s.repeated(40));
+        area.setGeometry(QRect(QPoint(5, 5), size));
+        area.show();
+        SearchDialog dialog(&area);
+        dialog.show();
+        dialog.search_input->setText(u"cat"_s);
+        for (int i = 0; i < 40; ++i) {
+            trace_of([&] { dialog.find_next(); });
+            const QRect match = area.cursorRect().translated(area.viewport()->mapToGlobal(QPoint()));
+            QVERIFY(!dialog.frameGeometry().intersects(match));
+            QVERIFY(dialog.screen()->availableGeometry().contains(dialog.frameGeometry()));
+        }
+        dialog.close();
+    }
+}
+
+void TstSearch::marks_are_readable_on_dark()
+{
+    QTextEdit area(u"a cat and a <font color=white>cat</font>"_s);
+    QPalette palette(Qt::white, Qt::black);
+    area.setPalette(palette);
+    area.show();
+    QTextEdit::ExtraSelection of_host;
+    of_host.cursor = area.textCursor();
+    area.setExtraSelections({of_host});
+    const auto dark = [&] {
+        area.grab();
+        QStringList letters;
+        const QList<QTextEdit::ExtraSelection> selections = area.extraSelections();
+        for (const auto &selection : selections.mid(1))
+            letters << selection.cursor.selectedText() + selection.format.foreground().color().name();
+        return letters;
+    };
+    {
+        SearchDialog dialog(&area);
+        dialog.search_input->setText(u"cat"_s);
+        trace_of([&] { dialog.find_all_matches(); });
+        const QString html = area.toHtml();
+        QCOMPARE(dark(), (QStringList{u"cat#000000"_s, u"cat#000000"_s}));
+        QCOMPARE(area.toHtml(), html);
+    }
+    area.setPalette(QPalette());
+    QCOMPARE(dark(), QStringList{u"cat#000000"_s}); // the marks outlive the dialog; white is white on a light one, too
+    area.setPlainText({});
+    QVERIFY(dark().isEmpty() && area.extraSelections().size() == 1);
 }
 
 MY_CLASSES_TEST_MAIN(TstSearch)

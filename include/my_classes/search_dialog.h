@@ -29,9 +29,12 @@ class ReplaceRun;
 ///
 /// Two searches live side by side with their own state: Find Next steps through whole-word, case-sensitive matches of a
 /// regular expression; find_all_matches() marks every literal, case-insensitive occurrence. The dialog stays on top of
-/// the text area's window, does not keep the application running, and is deleted with the text area; until then it
-/// belongs to whoever created it. Without a text area every operation does nothing. Positions are UTF-16 code units
-/// from the start of the document's plain text. GUI thread only.
+/// the text area's window, goes out of the way of what it finds, is hidden while the text area is, and does not keep
+/// the application running.
+///
+/// It never deletes itself: whoever created it does, at any moment, and CustomTextEditor the one that it opened. When
+/// the text area dies it is closed, and every operation does nothing from then on. Positions are UTF-16 code units from
+/// the start of the document's plain text. GUI thread only.
 class MY_CLASSES_EXPORT SearchDialog : public QDialog
 {
     Q_OBJECT
@@ -46,19 +49,20 @@ public:
 
     // Whole words. The search text is a regular expression between two word boundaries.
 
-    /// Selects the next match, starting at the top of the document if no search is under way, and enables the replace
-    /// buttons. Says so in a message box if there is none, or none left; then the next call starts at the top again.
-    /// An invalid expression, or one that runs away, has no matches; an empty one does nothing. Matches are those of
-    /// the text as it was when the search started.
+    /// Selects the next match, starting at the top of the document if no search is under way or the person has edited
+    /// the search text since (a text set by a program leaves the search alone), and enables the replace buttons. Says
+    /// so in a message box if there is none, or none left; then the next call starts at the top again. An invalid
+    /// expression, or one that runs away, has no matches; an empty one does nothing. Matches are those of the text as
+    /// it was when the search started.
     void find_next();
     /// Forgets the search under way and searches from the top.
     void restart_search();
 
     // Every occurrence. These are not wired to any button.
 
-    /// Marks every occurrence yellow, fills search_results, and moves the cursor one position before the first; an
-    /// occurrence at the very start moves nothing. Says so in a message box if there is none. An empty search text does
-    /// nothing.
+    /// Marks every occurrence yellow (the letters on it are shown dark, which is no part of the document), fills
+    /// search_results, and moves the cursor one position before the first; an occurrence at the very start moves
+    /// nothing. Says so in a message box if there is none. An empty search text does nothing.
     void find_all_matches();
     /// Takes the background colour off the whole document and forgets the results.
     void clear_highlight();
@@ -116,7 +120,9 @@ private:
     friend class ReplaceRun;
 
     void on_return_pressed();
+    void on_editor_destroyed();
     void stay_on_top_of_editor();
+    void go_out_of_the_way();
     void inform(const QString &title, const QString &text);
     void select_match(qsizetype start, qsizetype length);
     void write_line(const QString &line);
@@ -126,6 +132,7 @@ private:
     DocumentText *m_text = nullptr;
     ReplaceRun *m_run = nullptr; // while Replace All is at work
     bool m_search_input_in_use = false;
+    bool m_is_hidden_with_editor = false;
 };
 
 } // namespace my_classes

@@ -3,6 +3,7 @@
 
 #include "editor/edit_state.h"
 #include "frame/diagnostics.h"
+#include "search/readable_marks.h"
 
 #include <my_classes/search_dialog.h>
 
@@ -82,6 +83,7 @@ void SearchDialog::find_all_matches()
     if (!editor || wanted.isEmpty())
         return;
     const QPointer<SearchDialog> here(this);
+    ReadableMarks::install(editor);
     const QList<int> found = [&] {
         const Marking no_edit;
         return find_and_mark(editor->document(), wanted);

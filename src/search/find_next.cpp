@@ -63,7 +63,10 @@ void SearchDialog::select_match(qsizetype start, qsizetype length)
     QTextCursor cursor = text_cursor();
     cursor.setPosition(int(std::min(start, end)));
     cursor.setPosition(int(std::min(start + length, end)), QTextCursor::KeepAnchor);
+    const QPointer<SearchDialog> here(this);
     set_text_cursor(cursor);
+    if (here && !m_run && isVisible())
+        go_out_of_the_way();
 }
 
 void SearchDialog::write_line(const QString &line)

@@ -58,7 +58,7 @@ void SearchDialog::replace_all()
             ++count;
         }
     }
-    if (!here)
+    if (!here || !editor)
         return;
     inform(tr("Replace All"), tr("Total %1 matches replaced!").arg(count));
     if (here)

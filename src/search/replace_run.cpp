@@ -20,7 +20,8 @@ namespace {
 
 constexpr qint64 k_patience = 1000;     // milliseconds of work until the progress dialog appears
 constexpr qint64 k_look_interval = 100; // milliseconds of work between two looks at it
-constexpr qint64 k_look_share = 4;      // painting the document gets a quarter of the time at most
+constexpr qint64 k_look_share = 4;      // laying out and painting gets a fifth of the time,
+constexpr qint64 k_answer_time = 800;   // or up to a half, so that Stop is seen within a second
 
 } // namespace
 
@@ -48,7 +49,9 @@ bool ReplaceRun::goes_on(int count)
         if (m_dialog)
             show_progress(count);
         resume();
-        m_next_look = m_worked + std::max(k_look_interval, k_look_share * look.elapsed());
+        const qint64 looked = look.elapsed();
+        const qint64 work = std::min(k_look_share * looked, k_answer_time - looked);
+        m_next_look = m_worked + std::max({k_look_interval, looked, work});
     }
     return !m_stopped && m_dialog && m_dialog->editor;
 }

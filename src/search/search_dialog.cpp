@@ -3,11 +3,13 @@
 
 #include "frame/icons.h"
 #include "search/document_text.h"
+#include "search/placement.h"
 #include "search/replace_run.h"
 
 #include <my_classes/search_dialog.h>
 
 #include <QtGui/QCloseEvent>
+#include <QtGui/QScreen>
 #include <QtGui/QWindow>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
@@ -59,7 +61,7 @@ SearchDialog::SearchDialog(QTextEdit *text_area)
     init_ui();
     if (text_area) {
         text_area->installEventFilter(this);
-        connect(text_area, &QObject::destroyed, this, [this] { delete this; });
+        connect(text_area, &QObject::destroyed, this, &SearchDialog::on_editor_destroyed);
     }
 }
 
@@ -89,6 +91,7 @@ void SearchDialog::init_ui()
     replace_all_button->setEnabled(false);
     column->addLayout(buttons);
 
+    connect(search_input, &QLineEdit::textEdited, this, [this] { matches.reset(); });
     connect(next_button, &QPushButton::clicked, this, &SearchDialog::find_next);
     connect(search_input, &QLineEdit::returnPressed, this, &SearchDialog::on_return_pressed);
     connect(replace_button, &QPushButton::clicked, this, &SearchDialog::replace);
@@ -112,11 +115,13 @@ void SearchDialog::on_return_pressed()
 /// Shows a modal box; during Replace All one can leave from there. The dialog may be gone afterwards.
 void SearchDialog::inform(const QString &title, const QString &text)
 {
+    const QPointer<SearchDialog> here(this);
     ReplaceRun *run = m_run;
     if (run)
-        run->pause();
+        run->pause(); // which reports the change to whoever may delete anything
+    if (!here || !editor)
+        return;
     // On the heap: it is deleted with the dialog, should that happen while it is open.
-    const QPointer<SearchDialog> here(this);
     const QPointer<QMessageBox> box = new QMessageBox(QMessageBox::Information, title, text, QMessageBox::Ok, this);
     QPushButton *stop = nullptr;
     if (run) {
@@ -140,10 +145,33 @@ void SearchDialog::inform(const QString &title, const QString &text)
 
 bool SearchDialog::eventFilter(QObject *watched, QEvent *event)
 {
-    // Also after it has moved to another window.
-    if (event->type() == QEvent::Show && watched == editor && isVisible())
-        stay_on_top_of_editor();
+    if (watched != editor || event->spontaneous())
+        return QDialog::eventFilter(watched, event);
+    if (event->type() == QEvent::Hide && isVisible()) {
+        hide();
+        m_is_hidden_with_editor = true;
+    } else if (event->type() == QEvent::Show && m_is_hidden_with_editor) {
+        const bool takes_focus = !testAttribute(Qt::WA_ShowWithoutActivating);
+        setAttribute(Qt::WA_ShowWithoutActivating); // the person has gone to the text, not to the dialog
+        show();
+        setAttribute(Qt::WA_ShowWithoutActivating, !takes_focus);
+    } else if (event->type() == QEvent::Show && isVisible()) {
+        stay_on_top_of_editor(); // also after it has moved to another window
+    }
     return QDialog::eventFilter(watched, event);
+}
+
+void SearchDialog::on_editor_destroyed()
+{
+    const QPointer<SearchDialog> here(this);
+    editor.clear(); // a widget says that it is destroyed before its pointers know
+    const auto boxes = findChildren<QDialog *>(QString(), Qt::FindDirectChildrenOnly);
+    for (const QPointer<QDialog> &box : QList<QPointer<QDialog>>(boxes.begin(), boxes.end())) {
+        if (box)
+            box->close(); // it would go on asking about a text that is gone
+    }
+    if (here)
+        close();
 }
 
 void SearchDialog::stay_on_top_of_editor()
@@ -152,9 +180,30 @@ void SearchDialog::stay_on_top_of_editor()
         windowHandle()->setTransientParent(editor->window()->windowHandle());
 }
 
+/// Moves off the match, and at first off the text.
+void SearchDialog::go_out_of_the_way()
+{
+    if (!editor || !editor->isVisible())
+        return;
+    const QTextCursor cursor = editor->textCursor();
+    QTextCursor start = cursor;
+    start.setPosition(cursor.selectionStart());
+    const QWidget *view = editor->viewport();
+    const QRect seen = (editor->cursorRect(start) | editor->cursorRect(cursor)) & view->rect();
+    const QRect match(view->mapToGlobal(seen.topLeft()), seen.size());
+    if (testAttribute(Qt::WA_Moved) && !frameGeometry().intersects(match))
+        return;
+    const QRect text(view->mapToGlobal(QPoint()), view->size());
+    const QRect window = editor->window()->frameGeometry();
+    const QSize frame = window.size() - editor->window()->size(); // this dialog may not have one yet
+    move(place_beside(match, text, window, editor->screen()->availableGeometry(), size() + frame, isRightToLeft()));
+}
+
 void SearchDialog::showEvent(QShowEvent *event)
 {
     if (!event->spontaneous()) {
+        m_is_hidden_with_editor = false;
+        go_out_of_the_way();
         stay_on_top_of_editor();
         search_input->setFocus();
         search_input->selectAll();
@@ -172,6 +221,7 @@ void SearchDialog::hideEvent(QHideEvent *event)
 
 void SearchDialog::reject()
 {
+    m_is_hidden_with_editor = false;
     const QPointer<SearchDialog> here(this);
     clear_selection();
     if (here)
@@ -180,6 +230,7 @@ void SearchDialog::reject()
 
 void SearchDialog::closeEvent(QCloseEvent *event)
 {
+    m_is_hidden_with_editor = false;
     const QPointer<SearchDialog> here(this);
     clear_selection();
     if (here)
