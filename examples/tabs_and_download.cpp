@@ -49,6 +49,8 @@ public:
             if (!path.isEmpty())
                 download(url, path);
         });
+        if (m_language.isEmpty())
+            statusBar()->showMessage(tr("No English dictionary is installed: spelling is not checked."));
         add_document();
         add_document();
         add_document();
@@ -70,13 +72,15 @@ public:
 private:
     void add_document()
     {
-        auto *page = new CustomTab;
+        auto *page = new CustomTab({}, {}, m_language);
         connect(page, &CustomTab::text_changed, this, [this, page] {
             statusBar()->showMessage(tr("%n character(s)", "", int(page->get_text_content().size())));
         });
         m_tabs->setCurrentIndex(m_tabs->addTab(page, m_tabs->unique_title(tr("Document"))));
     }
 
+    const QString m_language =
+        my_spellchecker::MySpellChecker::is_available(QStringLiteral("en")) ? QStringLiteral("en") : QString();
     EditableTabWidget *m_tabs = new EditableTabWidget;
     std::unique_ptr<DownloadDialog> m_download;
 };

@@ -11,6 +11,8 @@
 #include <QtCore/QTranslator>
 #include <QtGui/QAction>
 #include <QtGui/QClipboard>
+#include <QtGui/QDropEvent>
+#include <QtGui/QTextBlock>
 #include <QtGui/QTextList>
 #include <QtGui/QTextTable>
 #include <QtWidgets/QComboBox>
@@ -88,6 +90,8 @@ private Q_SLOTS:
     void shortcuts_are_the_hosts_if_it_wants();
     void rows_and_columns();
     void tables_and_pictures_without_dialogs();
+    void tab_moves_in_tables_and_lists();
+    void pictures_are_pasted_and_dropped();
     void forms_pass_a_parent_alone();
     void a_new_language_is_shown();
     void lines_on_standard_output_can_be_silenced();
@@ -223,6 +227,118 @@ void TstCommands::tables_and_pictures_without_dialogs()
         editor.text_edit->undo();
         QCOMPARE(editor.get_html_content(), before);
     }
+}
+
+void TstCommands::tab_moves_in_tables_and_lists()
+{
+    CustomTextEditor editor({});
+    show_active(editor);
+    QTextEdit *text = editor.text_edit;
+    const auto press = [&](const QString &keys) { QTest::keySequence(editor.windowHandle(), keys); };
+    text->setHtml(u"<table><tr><td>a</td><td>b</td></tr><tr><td colspan=2>c</td></tr></table>"_s);
+    const auto table = [&] { return text->textCursor().currentTable(); };
+    select(editor, 1, 1);
+    press(u"Tab, X, Tab, Y"_s);
+    press(u"Tab, Z, Shift+Backtab, 1"_s);
+    QCOMPARE(cells(table()), u"a,xb/1yc,1yc/z,"_s); // the wide cell, seen in both columns
+    QVERIFY(text->hasFocus());
+    for (int i = 0; i < 3; ++i) // two letters and the new row
+        text->undo();
+    QCOMPARE(table()->rows(), 2);
+    press(u"Shift+Backtab, Shift+Backtab, Shift+Backtab, Shift+Backtab"_s);
+    QVERIFY(!text->hasFocus()); // out of the first one, to the tool bar
+
+    text->setHtml(u"<ul><li>one</li><li>two</li><li>three</li></ul><p>end</p>"_s);
+    text->setFocus();
+    const QString before = editor.get_html_content();
+    const auto level = [&] { return text->textCursor().currentList()->format().indent(); };
+    select(editor, 4, 4);
+    press(u"Tab"_s);
+    QCOMPARE(level(), 2);
+    select(editor, 8, 8);
+    press(u"Tab"_s);
+    QCOMPARE(text->textCursor().currentList()->count(), 2); // joins the item before
+    press(u"Shift+Backtab"_s);
+    QCOMPARE(text->textCursor().currentList()->count(), 2); // and the first one again
+    text->undo();
+    text->undo();
+    text->undo();
+    QCOMPARE(editor.get_html_content(), before);
+    select(editor, 1, 1);
+    press(u"Tab"_s);
+    QVERIFY(editor.get_text_content().startsWith(u"o\tne"_s));
+    text->undo();
+    select(editor, 0, 0);
+    press(u"Shift+Backtab"_s);
+    QVERIFY(!text->hasFocus());
+    QCOMPARE(editor.get_html_content(), before);
+}
+
+void TstCommands::pictures_are_pasted_and_dropped()
+{
+    CustomTextEditor editor({});
+    editor.resize(700, 600);
+    show_active(editor);
+    QTextEdit *text = editor.text_edit;
+    editor.set_text_content(u"text"_s);
+    const QString before = editor.get_html_content();
+    const QTemporaryDir folder;
+    QImage wide(2000, 1000, QImage::Format_RGB32);
+    wide.fill(Qt::red);
+    QImage small = wide.scaled(20, 10);
+    const QString files[] = {folder.filePath(u"wide.PNG"_s), folder.filePath(u"small.bmp"_s)};
+    QVERIFY(wide.save(files[0], "PNG") && small.save(files[1]));
+    const auto pasted = [&](QMimeData *data) {
+        QApplication::clipboard()->setMimeData(data);
+        text->moveCursor(QTextCursor::End);
+        QTest::keySequence(editor.windowHandle(), QKeySequence::Paste);
+        QList<QSizeF> sizes;
+        for (QTextBlock block = text->document()->begin(); block.isValid(); block = block.next()) {
+            for (auto it = block.begin(); it != block.end(); ++it) {
+                if (const QTextImageFormat image = it.fragment().charFormat().toImageFormat(); image.isValid())
+                    sizes << QSizeF(image.width(), image.height());
+            }
+        }
+        return sizes;
+    };
+    const auto data = [](const QImage &image, const QString &html, const QList<QUrl> &urls) {
+        auto *content = new QMimeData;
+        if (!image.isNull())
+            content->setImageData(image);
+        if (!html.isEmpty())
+            content->setHtml(html);
+        if (!urls.isEmpty())
+            content->setUrls(urls);
+        return content;
+    };
+    const double width = text->viewport()->width() - 2 * text->document()->documentMargin();
+    const QSizeF fitted(qRound(width), qRound(width / 2));
+    const QUrl urls[] = {QUrl::fromLocalFile(files[0]), QUrl::fromLocalFile(files[1])};
+    const QString named = u"<img src='http://127.0.0.1:1/x.png'>"_s;
+    for (const auto &[content, sizes] : {std::pair(data(small, {}, {}), QList<QSizeF>{small.size()}),
+                                         {data(wide, named, {}), {fitted}},
+                                         {data({}, {}, {urls[0], urls[1]}), {fitted, small.size()}}}) {
+        QCOMPARE(pasted(content), sizes);
+        QVERIFY(editor.get_html_content().contains(u"data:image/png;base64,"_s));
+        text->undo();
+        QCOMPARE(editor.get_html_content(), before);
+    }
+    QCOMPARE(pasted(data(small, u"<b>cells</b>"_s, {})), QList<QSizeF>()); // text that brings a picture of itself
+    QVERIFY(editor.get_text_content().endsWith(u"cells"_s));
+    QDropEvent drop({60, 60}, Qt::CopyAction, data({}, {}, {urls[1]}), Qt::LeftButton, Qt::NoModifier);
+    QDragEnterEvent enter({60, 60}, Qt::CopyAction, drop.mimeData(), Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(text->viewport(), &enter);
+    QVERIFY(enter.isAccepted());
+    QCoreApplication::sendEvent(text->viewport(), &drop);
+    QVERIFY(editor.get_html_content().contains(u"data:image/png;base64,"_s));
+    delete drop.mimeData();
+
+    QFile page(folder.filePath(u"page.html"_s)); // a picture beside the page that names it
+    QVERIFY(page.open(QIODevice::WriteOnly));
+    text->document()->setMetaInformation(QTextDocument::DocumentUrl, QUrl::fromLocalFile(page.fileName()).toString());
+    text->document()->setHtml(u"<img src='small.bmp'>"_s);
+    const QImage seen = text->viewport()->grab().toImage();
+    QCOMPARE(seen.pixelColor(QPoint(8, 8) * seen.devicePixelRatio()), QColor(Qt::red));
 }
 
 void TstCommands::forms_pass_a_parent_alone()

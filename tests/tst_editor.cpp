@@ -119,7 +119,7 @@ void TstEditor::toolbar_shows_everything_at_every_width()
     window.show();
     for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
         window.setLayoutDirection(direction);
-        for (int width = 1400; width >= 550; width -= 50) {
+        for (int width = 1400; width >= 700; width -= 50) {
             window.resize(width, 600);
             QCoreApplication::processEvents();
             QCOMPARE(window.width(), width);

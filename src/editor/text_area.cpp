@@ -3,10 +3,16 @@
 
 #include "editor/text_area.h"
 
+#include "editor/list_levels.h"
+#include "editor/pasted_pictures.h"
+#include "editor/table_cells.h"
+
 #include <my_classes/custom_text_editor.h>
 
 #include <QtCore/QFileInfo>
+#include <QtCore/QMimeData>
 #include <QtCore/QUrl>
+#include <QtCore/QtMath>
 #include <QtGui/QPixmap>
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QScrollBar>
@@ -16,6 +22,7 @@ namespace my_classes {
 namespace {
 constexpr int k_page_margin = 50;              // pixels
 constexpr int k_overshoot = 2;                 // pixels
+constexpr QSize k_largest_minimum(600, 300);   // pixels
 constexpr qint64 k_largest_file = 100'000'000; // bytes
 
 /// Whether reading the file comes to an end: a device may not, a pipe may not even begin. Neither has a size.
@@ -33,10 +40,30 @@ TextArea::TextArea(CustomTextEditor *editor)
     setViewportMargins(k_page_margin, k_page_margin, k_page_margin, k_page_margin);
     // Qt's line breaking can let an underlined word overshoot its line by a fraction of a pixel. That is nothing to
     // scroll to, and a second scroll bar makes every repaint dearer.
-    connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, [this](int, int maximum) {
-        const bool overshoot = maximum > 0 && maximum <= k_overshoot;
-        setHorizontalScrollBarPolicy(overshoot ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
-    });
+    connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this,
+            [this](int, int maximum) { hide_overshoot(maximum); });
+}
+
+/// Leaves a policy of the host's alone.
+void TextArea::hide_overshoot(int maximum)
+{
+    const bool overshoot = maximum > 0 && maximum <= k_overshoot;
+    const auto ours = m_hides_overshoot ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded;
+    if (overshoot == m_hides_overshoot || horizontalScrollBarPolicy() != ours)
+        return;
+    m_hides_overshoot = overshoot;
+    setHorizontalScrollBarPolicy(overshoot ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+}
+
+QSize TextArea::minimumSizeHint() const
+{
+    const QFontMetrics metrics(m_editor->editor_font, this);
+    const int margin = qCeil(2 * document()->documentMargin());
+    const QSize text(20 * metrics.averageCharWidth() + verticalScrollBar()->sizeHint().width(),
+                     3 * metrics.lineSpacing());
+    return text.boundedTo(k_largest_minimum)
+        .grownBy(QMargins(0, 0, margin, margin))
+        .grownBy(contentsMargins() + viewportMargins());
 }
 
 void TextArea::scroll_by_wheel(QWheelEvent *event)
@@ -44,9 +71,21 @@ void TextArea::scroll_by_wheel(QWheelEvent *event)
     QTextEdit::wheelEvent(event);
 }
 
+/// Where Qt will look: a relative name counts from the address of the document.
+QString TextArea::local_path(const QUrl &name) const
+{
+    if (!name.isRelative())
+        return name.toLocalFile();
+    const QUrl address(document()->metaInformation(QTextDocument::DocumentUrl));
+    if (!address.isRelative())
+        return address.resolved(name).toLocalFile();
+    const QFileInfo file(address.path());
+    return !address.isEmpty() && file.exists() ? file.absolutePath() + u'/' + name.path() : name.path();
+}
+
 QVariant TextArea::loadResource(int type, const QUrl &name)
 {
-    const QString path = name.isRelative() ? name.path() : name.toLocalFile();
+    const QString path = local_path(name);
     if (path.isEmpty() || is_readable_in_full(path))
         return QTextEdit::loadResource(type, name);
     // Not nothing: Qt would open the file itself.
@@ -67,13 +106,44 @@ bool TextArea::event(QEvent *event)
 
 void TextArea::keyPressEvent(QKeyEvent *event)
 {
+    const int step = event->key() == Qt::Key_Tab ? 1 : event->key() == Qt::Key_Backtab ? -1 : 0;
+    if (step != 0 && !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) && move_by_tab(step)) {
+        event->accept();
+        return;
+    }
     // Tab writes a tab, so QTextEdit keeps both directions; Shift+Tab is of no use in the text.
     // NOLINTNEXTLINE(bugprone-parent-virtual-call): as said
-    if (event->key() == Qt::Key_Backtab && QAbstractScrollArea::focusNextPrevChild(false)) {
+    if (step < 0 && QAbstractScrollArea::focusNextPrevChild(false)) {
         event->accept();
         return;
     }
     QTextEdit::keyPressEvent(event);
+}
+
+bool TextArea::move_by_tab(int step)
+{
+    if (isReadOnly() || tabChangesFocus())
+        return false;
+    if (textCursor().currentTable())
+        return step > 0 ? move_to_next_cell(this) : move_to_previous_cell(this);
+    return change_list_level(this, step);
+}
+
+// Data without any format, as from an empty X11 clipboard, ends QTextEdit in a crash.
+
+bool TextArea::canInsertFromMimeData(const QMimeData *source) const
+{
+    if (!source || source->formats().isEmpty())
+        return false;
+    return offers_pictures(source) || QTextEdit::canInsertFromMimeData(source);
+}
+
+void TextArea::insertFromMimeData(const QMimeData *source)
+{
+    if (!source || source->formats().isEmpty() || isReadOnly())
+        return;
+    if (!offers_pictures(source) || !insert_pictures(this, source))
+        QTextEdit::insertFromMimeData(source);
 }
 
 void TextArea::wheelEvent(QWheelEvent *event)

@@ -9,7 +9,8 @@ namespace my_classes {
 
 class CustomTextEditor;
 
-/// The editor's text area: gives every wheel event to the editor first, leaves by Shift+Tab, and opens no devices or
+/// The editor's text area: gives every wheel event to the editor first, moves in tables and list levels by Tab and
+/// Shift+Tab and leaves by Shift+Tab elsewhere, embeds pictures that are pasted or dropped, and opens no devices or
 /// pipes that a document names as pictures or style sheets.
 class TextArea : public QTextEdit
 {
@@ -24,13 +25,23 @@ public:
     /// Leaves to Qt what the document embeds and ordinary files; stands in for anything else that it names.
     QVariant loadResource(int type, const QUrl &name) override;
 
+    /// Room for three lines of about twenty characters.
+    QSize minimumSizeHint() const override;
+
 protected:
+    bool canInsertFromMimeData(const QMimeData *source) const override;
+    void insertFromMimeData(const QMimeData *source) override;
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
 
 private:
+    bool move_by_tab(int step);
+    void hide_overshoot(int maximum);
+    QString local_path(const QUrl &name) const;
+
     CustomTextEditor *m_editor;
+    bool m_hides_overshoot = false;
 };
 
 } // namespace my_classes

@@ -52,6 +52,8 @@ QSize WrappingToolBar::sizeHint() const
 
 bool WrappingToolBar::eventFilter(QObject *watched, QEvent *event)
 {
+    if (event->type() == QEvent::FontChange)
+        QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest)); // the layout, disabled, does not ask
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent *>(event)->key();
         if (key == Qt::Key_Escape) {
