@@ -21,7 +21,7 @@ make_packages() {
 }
 
 check_packages() {
-    lintian --allow-root --fail-on error --suppress-tags initial-upload-closes-no-bugs "$debs"/*.deb
+    lintian --allow-root --fail-on error --suppress-tags initial-upload-closes-no-bugs,maintscript-calls-ldconfig "$debs"/*.deb
     desktop-file-validate packaging/*.desktop
     # The project has no domain, from which the identifier would otherwise be made.
     appstreamcli validate --no-net --override=cid-desktopapp-is-not-rdns=info packaging/*.metainfo.xml
@@ -53,23 +53,30 @@ readme_block() {
                           inside' README.md
 }
 
+jobs_of_mine=()
+finish() {
+    local id
+    for id in "${jobs_of_mine[@]}"; do kill "$id" 2>/dev/null || true; done
+}
+trap finish EXIT
+
 # The window of the program in the clean place opens on a display of this machine.
 see_window() {
+    local name tries=0
+    name=$(basename "$1")
+    rm -f "$build/display"
     Xvfb -displayfd 3 -screen 0 1280x1024x24 3>"$build/display" 2>/dev/null &
-    server=$!
+    jobs_of_mine+=($!)
     until [[ -s $build/display ]]; do sleep 0.2; done
     export DISPLAY=:$(<"$build/display")
-    inside env DISPLAY="$DISPLAY" XDG_RUNTIME_DIR=/tmp timeout 60 "$@" >"$build/program.log" 2>&1 &
-    local tries=0
-    until xdotool search --onlyvisible --name "$(basename "$1")" >/dev/null 2>&1; do
+    inside timeout 120 "$1" >"$build/program.log" 2>&1 &
+    jobs_of_mine+=($!)
+    until xdotool search --onlyvisible --class "$name" >/dev/null 2>&1; do
         sleep 0.5
-        ((++tries < 60)) || { echo "no window" >&2; cat "$build/program.log" >&2; exit 1; }
+        ((++tries < 100)) || { echo "no window" >&2; cat "$build/program.log" >&2; exit 1; }
     done
-    sleep 2
-    import -window root "$build/$(basename "$1").png"
-    kill %2 2>/dev/null || true
-    kill "$server"
-    wait
+    sleep 3
+    import -window root "$build/$name.png"
 }
 
 try_in_clean_place() {
@@ -81,6 +88,7 @@ try_in_clean_place() {
     inside sh -c 'apt-get install -qq --yes --no-install-recommends /debs/*.deb' >"$build/apt.log" 2>&1
     inside sh -c 'cd /notes && cmake -B build >/dev/null && cmake --build build'
     see_window /notes/build/notes
+    finish
     inside sh -c 'apt-get purge -qq --yes $(dpkg-query -f "\${Package}\n" -W "*my-classes*")' >"$build/apt.log" 2>&1
     if find "$clean/usr" "$clean/etc" "$clean/var/lib/dpkg/info" -name '*my[-_]classes*' | grep .; then
         echo "The packages leave these files behind." >&2
