@@ -2,13 +2,29 @@
 # SPDX-FileCopyrightText: 2026 the my_classes authors
 # SPDX-License-Identifier: MIT
 
+#   run.sh                           the demonstration program: one editor in a window
+#   run.sh document_editor [FILE]... the document editor of examples/
+#
 # Installs what is missing, builds a release and opens the program. On a machine without a display the program is opened
 # on a virtual one, photographed and closed again.
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
+target=my_classes_program
 program=$repository/build/release/bin/my_classes
 screenshot=$repository/build/screenshot.png
 window_name='MainWindow with CustomTextEditor'
+arguments=() # files
+if [[ ${1:-} == document_editor ]]; then
+    target=document_editor
+    program=$repository/build/release/bin/my_classes_document_editor
+    window_name='Document Editor'
+    for file in "${@:2}"; do
+        arguments+=("$(realpath -- "$file")")
+    done
+elif [[ $# -gt 0 ]]; then
+    sed -n '4,8s/^# \?//p' "$0" >&2
+    exit 2
+fi
 
 # wait_until SECONDS COMMAND...
 wait_until() {
@@ -65,7 +81,7 @@ run_on_virtual_display() {
     export DISPLAY
 
     local status=0
-    "$program" &
+    "$program" "${arguments[@]}" &
     program_id=$!
     if wait_until 60 has_window && wait_until 30 has_photograph && close_window; then
         wait "$program_id" || status=$?
@@ -80,16 +96,16 @@ run_on_virtual_display() {
 
 need build
 [[ -n ${DISPLAY:-}${WAYLAND_DISPLAY:-} ]] || need headless
-continue_as_owner "$repository/scripts/run.sh"
+continue_as_owner "$repository/scripts/run.sh" "$@"
 
 cd "$repository"
 mkdir -p build
 cmake --preset release >build/configure.log 2>&1 || { cat build/configure.log >&2; exit 1; }
-cmake --build --preset release --target my_classes_program
+cmake --build --preset release --target "$target"
 
 status=0
 if [[ -n ${DISPLAY:-}${WAYLAND_DISPLAY:-} ]]; then
-    "$program" || status=$?
+    "$program" "${arguments[@]}" || status=$?
 else
     run_on_virtual_display || status=$?
 fi
