@@ -6,6 +6,7 @@
 
 #include <my_classes/diagnostic_output.h>
 
+#include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 
 int main(int argc, char *argv[])
@@ -16,6 +17,7 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationVersion(QStringLiteral(DOCUMENT_EDITOR_VERSION));
     QGuiApplication::setApplicationDisplayName(QCoreApplication::translate("main", "Document Editor"));
     QGuiApplication::setDesktopFileName(QStringLiteral("my_classes_document_editor"));
+    QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("my_classes_document_editor")));
     my_classes::set_diagnostic_output(false);
 
     const bool has_recovered = document_editor::offer_recovery();
