@@ -7,6 +7,7 @@
 
 #include <QtCore/QBuffer>
 #include <QtCore/QRandomGenerator>
+#include <QtGui/QAction>
 #include <QtGui/QPdfWriter>
 #include <QtGui/QTextBlock>
 #include <QtTest/QSignalSpy>
@@ -152,6 +153,9 @@ private Q_SLOTS:
     void init() { test_support::fail_on_warnings(); }
 
     void html_is_the_same_at_any_zoom();
+    void loaded_text_follows_the_zoom();
+    void zoom_comes_back();
+    void formats_are_one_step_and_end();
     void modified_by_edits_only();
     void tells_of_counts_zoom_and_read_only();
     void prints_in_pages();
@@ -182,6 +186,100 @@ void TstContent::html_is_the_same_at_any_zoom()
     editor.zoom_in();
     QCOMPARE(editor.get_html_content(), before);
     QVERIFY(!print({&editor}).file.isEmpty());
+}
+
+void TstContent::loaded_text_follows_the_zoom()
+{
+    CustomTextEditor editor(std::nullopt);
+    QTextEdit plain;
+    plain.setFont(editor.text_edit->font());
+    for (quint32 seed = 0; seed < 150; ++seed) {
+        const QString html = u"<body style='font-size:12pt'>"_s + Documents(seed).html();
+        plain.setHtml(html);
+        QSignalSpy changed(editor.text_edit, &QTextEdit::textChanged);
+        editor.set_html_content(html);
+        QCOMPARE(changed.size(), 1);
+        QVERIFY2(editor.get_html_content() == plain.toHtml(), qPrintable(html));
+        QVERIFY(!editor.text_edit->document()->isUndoAvailable() && !editor.is_modified());
+        QVERIFY(editor.text_edit->isUndoRedoEnabled());
+    }
+    editor.set_html_content(u"<h2>a</h2><p>b<span style='font-size:30pt'>c</span></p><ul><li>d</li></ul>"_s);
+    editor.set_zoom_percent(150);
+    editor.set_html_content(editor.get_html_content());
+    for (const auto &[position, has_size] : {std::pair(1, false), {3, false}, {4, true}, {6, false}}) {
+        QTextCursor cursor(editor.text_edit->document());
+        cursor.setPosition(position);
+        QCOMPARE(cursor.charFormat().hasProperty(QTextFormat::FontPointSize), has_size);
+    }
+}
+
+void TstContent::zoom_comes_back()
+{
+    for (const double size : {8.0, 12.5}) {
+        QFont font(u"Times new roman"_s);
+        font.setPointSizeF(size);
+        CustomTextEditor editor(font);
+        const auto points = [&editor] { return editor.text_edit->font().pointSizeF(); };
+        for (int i = 0; i < 10; ++i)
+            editor.zoom_out();
+        QCOMPARE(points(), qMax(1.0, size - 10));
+        for (int i = 0; i < 10; ++i)
+            editor.zoom_in();
+        QCOMPARE(points(), size);
+        editor.set_zoom_percent(0);
+        editor.set_zoom_percent(100);
+        editor.zoom_in();
+        QCOMPARE(points(), qMax(1.0, size - 9));
+        QCOMPARE(editor.get_html_content(), CustomTextEditor(font).get_html_content());
+    }
+}
+
+void TstContent::formats_are_one_step_and_end()
+{
+    CustomTextEditor editor(std::nullopt);
+    QTextEdit *text_edit = editor.text_edit;
+    const QList<std::function<void()>> commands{
+        [&] { editor.bold_action->trigger(); }, [&] { editor.underline_action->trigger(); },
+        [&] { editor.set_font_size(u"20"_s); }, [&] { editor.set_font_family(u"Arial"_s); }};
+    for (const auto &command : commands) {
+        editor.set_html_content(u"one <i>two</i> three"_s);
+        const QString before = editor.get_html_content();
+        text_edit->selectAll();
+        command();
+        QVERIFY(editor.get_html_content() != before);
+        QTest::keySequence(text_edit, QKeySequence::Undo);
+        QCOMPARE(editor.get_html_content(), before);
+        QVERIFY(!text_edit->document()->isUndoAvailable());
+    }
+
+    // What is typed or pressed; the bold text in brackets.
+    for (const auto &[keys, expected] : {std::pair(u"B one B two"_s, u"[one]two"_s),
+                                         {u"B one Space two B x Space"_s, u"[one two]x "_s},
+                                         {u"B one B two B x"_s, u"[onetwox]"_s}, // the end of a word typed before
+                                         {u"one B x"_s, u"[onex]"_s},
+                                         {u"B one Left Right B x"_s, u"onex"_s},
+                                         {u"B one Space B two B x"_s, u"[one ][twox]"_s},
+                                         {u"one Space B Backspace Backspace B x"_s, u"[onx]"_s},
+                                         {u"B U one B x"_s, u"[one]x"_s},
+                                         {u"B one U x B y"_s, u"[onex]y"_s}}) {
+        CustomTextEditor other(std::nullopt);
+        const QStringList all = keys.split(u' ');
+        for (const QString &key : all) {
+            if (key == u"B" || key == u"U")
+                (key == u"B" ? other.bold_action : other.underline_action)->trigger();
+            else if (key.isLower())
+                QTest::keyClicks(other.text_edit, key);
+            else
+                QTest::keySequence(other.text_edit, key);
+        }
+        QString found;
+        const QTextBlock block = other.text_edit->document()->firstBlock();
+        for (auto fragment = block.begin(); !fragment.atEnd(); ++fragment) {
+            const bool is_bold = fragment.fragment().charFormat().fontWeight() == QFont::Bold;
+            found += (is_bold ? u"[%1]"_s : u"%1"_s).arg(fragment.fragment().text());
+        }
+        QCOMPARE(found.remove(u"]["_s), QString(expected).remove(u"]["_s));
+    }
 }
 
 void TstContent::modified_by_edits_only()

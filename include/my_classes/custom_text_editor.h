@@ -44,6 +44,7 @@ class CustomHighlighter;
 class DocumentStatistics;
 class EditState;
 class PictureHandling;
+class TypingFormat;
 class WordMarker;
 class WritingColours;
 
@@ -379,6 +380,7 @@ private:
     void apply_font_size(double points);
     void zoom_by(int points);
     void show_zoom_percent(int percent);
+    void load(const QString &content, void (QTextEdit::*as)(const QString &));
     QFont unzoomed_font() const;
     void insert_list(QTextListFormat::Style style);
     void start_spelling(const QString &language);
@@ -393,8 +395,10 @@ private:
     std::unique_ptr<PictureHandling> m_pictures;
     std::unique_ptr<EditState> m_edit_state;
     EditorCounts m_counts;
-    QFont m_unzoomed_font;         // the text area's, before zooming
-    double m_zoomed_size = 0;      // its size in points after the last zoom step
+    QFont m_unzoomed_font;    // the text area's, before zooming
+    double m_zoomed_size = 0; // its size in points after the last zoom step
+    qint64 m_zoom_steps = 0;  // since then, those that Qt refused included
+    std::unique_ptr<TypingFormat> m_typing_format;
     QString m_checker_lang;        // what the checker was made with; hosts may assign `lang`
     QPointer<WordMarker> m_marker; // belongs to the highlighter
     QSet<QString> m_ignored_words; // in the form that all their capitals share

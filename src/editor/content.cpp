@@ -3,6 +3,7 @@
 
 #include "editor/document_copy.h"
 #include "editor/edit_state.h"
+#include "editor/loaded_sizes.h"
 
 #include <my_classes/custom_text_editor.h>
 
@@ -28,12 +29,29 @@ QString CustomTextEditor::get_text_content() const
 
 void CustomTextEditor::set_html_content(const QString &content)
 {
-    text_edit->setHtml(content);
+    load(content, &QTextEdit::setHtml);
 }
 
 void CustomTextEditor::set_text_content(const QString &content)
 {
-    text_edit->setText(content);
+    load(content, &QTextEdit::setText);
+}
+
+void CustomTextEditor::load(const QString &content, void (QTextEdit::*as)(const QString &))
+{
+    // A document saved here names its size at the top, and Qt makes that a format of all the text, which no zoom
+    // changes. Taken away before the text area tells of the text, that goes for one change.
+    QTextDocument *document = text_edit->document();
+    const QFont font = unzoomed_font();
+    bool is_done = false;
+    const QObject meanwhile;
+    connect(document, &QTextDocument::contentsChanged, &meanwhile, [&is_done, document, font] {
+        if (is_done || document->isEmpty()) // cleared first
+            return;
+        is_done = true;
+        forget_size_of(font, document);
+    });
+    (text_edit->*as)(content);
 }
 
 QString CustomTextEditor::get_selected_text() const

@@ -9,6 +9,7 @@
 #include "editor/status_label.h"
 #include "editor/text_area.h"
 #include "editor/text_focus.h"
+#include "editor/typing_format.h"
 #include "editor/wrapping_tool_bar.h"
 #include "editor/writing_colours.h"
 
@@ -171,6 +172,11 @@ void CustomTextEditor::attach_to_document()
     connect(document, &QTextDocument::documentLayoutChanged, m_statistics.get(), show_pictures);
     m_edit_state = std::make_unique<EditState>(document);
     connect(m_edit_state.get(), &EditState::modified_changed, this, &CustomTextEditor::modified_changed);
+    m_typing_format = std::make_unique<TypingFormat>();
+    connect(document, &QTextDocument::contentsChange, m_edit_state.get(),
+            [this](int, int removed, int added) { m_typing_format->note_change(removed, added); });
+    connect(text_edit, &QTextEdit::cursorPositionChanged, m_edit_state.get(),
+            [this] { m_typing_format->note_caret(text_edit->textCursor()); });
 }
 
 void CustomTextEditor::showEvent(QShowEvent *event)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "editor/log.h"
+#include "editor/typing_format.h"
 #include "editor/word_under_cursor.h"
 #include "frame/diagnostics.h"
 
@@ -82,11 +83,20 @@ void set_format(QTextCursor cursor, int start, int end, const QTextCharFormat &f
 
 void CustomTextEditor::merge_format_on_selection(const QTextCharFormat &format)
 {
+    if (is_read_only())
+        return;
     QTextCursor cursor = text_edit->textCursor();
-    if (!cursor.hasSelection())
-        cursor = word_under_cursor(cursor);
+    if (!cursor.hasSelection()) {
+        const QTextCursor word = word_under_cursor(cursor);
+        if (!word.hasSelection())
+            m_typing_format->set(cursor, format);
+        else if (!m_typing_format->is_ended(cursor, word, format))
+            cursor = word;
+    }
+    cursor.beginEditBlock(); // the second change is another undo step where text is selected
     cursor.mergeCharFormat(format);
     text_edit->mergeCurrentCharFormat(format); // for what is typed next
+    cursor.endEditBlock();
 }
 
 void CustomTextEditor::set_bold()

@@ -9,12 +9,31 @@
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QLabel>
 
-#include <cstdlib>
+#include <algorithm>
+#include <cmath>
 
 namespace my_classes {
 
 namespace {
+
 constexpr int k_step_percent = 10;
+
+double points_of(const QFont &font)
+{
+    return font.pixelSize() > 0 ? QFontInfo(font).pointSizeF() : font.pointSizeF();
+}
+
+/// `size` zoomed by `steps` of a point; as small as such steps lead to where they lead to nothing.
+double visible_size(double size, qint64 steps)
+{
+    return std::max(size + static_cast<double>(steps), size - std::ceil(size) + 1);
+}
+
+int whole(double points)
+{
+    return qRound(std::min(points, 1e9));
+}
+
 } // namespace
 
 void CustomTextEditor::zoom_in()
@@ -70,16 +89,20 @@ void CustomTextEditor::wheel_event(QWheelEvent *event)
 void CustomTextEditor::zoom_by(int points)
 {
     QFont font = text_edit->font();
-    if (!qFuzzyCompare(font.pointSizeF(), m_zoomed_size))
-        m_unzoomed_font = font;                // the first step, or the host has set a font since
+    if (!qFuzzyCompare(font.pointSizeF(), m_zoomed_size)) { // the first step, or the host has set a font since
+        m_unzoomed_font = font;
+        m_zoom_steps = 0;
+    }
     if (points != 0 && font.pixelSize() > 0) { // Qt zooms points only
         font.setPointSizeF(QFontInfo(font).pointSizeF());
         text_edit->setFont(font);
     }
-    if (points > 0)
-        text_edit->zoomIn(points);
-    else
-        text_edit->zoomOut(-points);
+    m_zoom_steps += points;
+    const double change = visible_size(points_of(m_unzoomed_font), m_zoom_steps) - font.pointSizeF();
+    if (change > 0)
+        text_edit->zoomIn(whole(change));
+    else if (change < 0)
+        text_edit->zoomOut(whole(-change));
     m_zoomed_size = text_edit->font().pointSizeF();
 }
 

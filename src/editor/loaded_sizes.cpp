@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include "editor/loaded_sizes.h"
+
+#include <QtGui/QFont>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextCursor>
+#include <QtGui/QTextDocument>
+
+#include <optional>
+
+namespace my_classes {
+
+namespace {
+
+/// `format` without the size of `font`; nothing if it has another or none. Sizes in pixels always are in the HTML.
+std::optional<QTextCharFormat> without_size_of(const QFont &font, QTextCharFormat format)
+{
+    if (font.pixelSize() > 0 || !qFuzzyCompare(format.fontPointSize(), font.pointSizeF()))
+        return {};
+    format.clearProperty(QTextFormat::FontPointSize);
+    return format;
+}
+
+bool has_size(const QTextCharFormat &format)
+{
+    return format.hasProperty(QTextFormat::FontPointSize) || format.hasProperty(QTextFormat::FontPixelSize);
+}
+
+void forget_size_of(const QFont &font, const QTextBlock &block, QTextCursor &cursor)
+{
+    const auto block_format = without_size_of(font, block.charFormat());
+    if (has_size(block_format.value_or(block.charFormat())))
+        return; // the paragraph's own size would take the place of the letters' in HTML
+    QList<QTextFragment> fragments;
+    for (auto fragment = block.begin(); !fragment.atEnd(); ++fragment)
+        fragments.append(fragment.fragment());
+    for (const QTextFragment &fragment : std::as_const(fragments)) {
+        const auto format = without_size_of(font, fragment.charFormat());
+        if (!format)
+            continue;
+        cursor.setPosition(fragment.position());
+        cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
+        cursor.setCharFormat(*format);
+    }
+    cursor.setPosition(block.position());
+    if (block_format)
+        cursor.setBlockCharFormat(*block_format);
+}
+
+} // namespace
+
+void forget_size_of(const QFont &font, QTextDocument *document)
+{
+    const bool had_undo = document->isUndoRedoEnabled();
+    document->setUndoRedoEnabled(false);
+    QTextCursor cursor(document);
+    cursor.beginEditBlock();
+    for (QTextBlock block = document->begin(); block.isValid(); block = block.next()) {
+        forget_size_of(font, block, cursor);
+        // In HTML the own size of a ruler stands for that of all text behind it.
+        if (block.blockFormat().hasProperty(QTextFormat::BlockTrailingHorizontalRulerWidth) &&
+            has_size(block.charFormat()))
+            break;
+    }
+    cursor.endEditBlock();
+    document->setUndoRedoEnabled(had_undo);
+}
+
+} // namespace my_classes
