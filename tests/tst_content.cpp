@@ -7,7 +7,9 @@
 
 #include <QtCore/QBuffer>
 #include <QtCore/QRandomGenerator>
+#include <QtGui/QAbstractTextDocumentLayout>
 #include <QtGui/QAction>
+#include <QtGui/QClipboard>
 #include <QtGui/QPdfWriter>
 #include <QtGui/QTextBlock>
 #include <QtTest/QSignalSpy>
@@ -158,6 +160,9 @@ private Q_SLOTS:
     void formats_are_one_step_and_end();
     void modified_by_edits_only();
     void tells_of_counts_zoom_and_read_only();
+    void commands_respect_read_only();
+    void statistics_notice_everything();
+    void documents_are_left_as_found();
     void prints_in_pages();
     void prints_pictures_within_the_page();
 };
@@ -347,6 +352,122 @@ void TstContent::tells_of_counts_zoom_and_read_only()
     QVERIFY(editor.is_read_only() && editor.text_edit->isReadOnly());
     editor.text_edit->setReadOnly(false);
     QCOMPARE(locked, (QList<QList<QVariant>>{{true}, {false}}));
+}
+
+void TstContent::commands_respect_read_only()
+{
+    CustomTextEditor editor(std::nullopt);
+    editor.set_html_content(u"<b>one</b> two<table><tr><td>a</td></tr></table>"_s);
+    editor.text_edit->textCursor().insertText(u"x"_s);
+    editor.text_edit->selectAll();
+    QApplication::clipboard()->setText(u"pasted"_s);
+    editor.set_read_only(true);
+    const QString before = editor.get_html_content();
+    const QList<QAction *> actions = editor.findChildren<QAction *>();
+    using my_classes::EditorCommand;
+    for (const auto allowed : {EditorCommand::Copy, EditorCommand::SelectAll, EditorCommand::CheckSpelling})
+        QVERIFY(editor.action(allowed)->isEnabled());
+    for (QAction *action : actions) {
+        if (action != editor.action(EditorCommand::Print) && action != editor.action(EditorCommand::Search))
+            action->trigger();
+    }
+    editor.text_edit->selectAll();
+    editor.set_alignment(Qt::AlignRight);
+    editor.set_line_spacing(2);
+    editor.set_font_size(u"30"_s);
+    editor.clear_formatting();
+    editor.insert_numbered_list();
+    editor.insert_after_selection(u"x"_s);
+    editor.replace_selected_text({});
+    editor.paste_plain_text();
+    QCOMPARE(editor.get_html_content(), before);
+    editor.set_read_only(false);
+    for (const auto command : {EditorCommand::Bold, EditorCommand::Undo, EditorCommand::ClearFormatting})
+        QVERIFY(editor.action(command)->isEnabled());
+}
+
+void TstContent::statistics_notice_everything()
+{
+    CustomTextEditor editor(std::nullopt);
+    QTextEdit *text_edit = editor.text_edit;
+    const auto select = [text_edit](int from, int to) {
+        QTextCursor cursor = text_edit->textCursor();
+        cursor.setPosition(from);
+        cursor.setPosition(to, QTextCursor::KeepAnchor);
+        text_edit->setTextCursor(cursor);
+    };
+    editor.set_text_content(u"one two three"_s);
+    select(0, 3);
+    text_edit->insertPlainText(u"x"_s);
+    for (int i = 0; i < 2; ++i) {
+        select(1, 5);
+        QCOMPARE(editor.counts().of_selection, true);
+        i == 0 ? text_edit->undo() : text_edit->redo();
+        QCoreApplication::processEvents();
+        select(text_edit->textCursor().position() > 4 ? 0 : 4, text_edit->textCursor().position());
+        text_edit->undo();
+        QCoreApplication::processEvents();
+        QCOMPARE(editor.counts().of_selection, text_edit->textCursor().hasSelection());
+        QCOMPARE(editor.clear_formatting_action->isEnabled(), text_edit->textCursor().hasSelection());
+        select(1, 5);
+        QCOMPARE(editor.counts().of_selection, true);
+        QVERIFY(editor.clear_formatting_action->isEnabled());
+    }
+
+    editor.set_html_content(u"<table><tr><td>one</td><td>two</td></tr></table>end"_s);
+    select(1, 8); // both cells
+    QVERIFY(editor.counts().of_selection && editor.clear_formatting_action->isEnabled());
+    QTest::keyClick(text_edit, Qt::Key_Delete);
+    QVERIFY(!editor.counts().of_selection && !editor.clear_formatting_action->isEnabled());
+    QCOMPARE(editor.counts().words, 1);
+
+    bool before_ours = true; // a slot of the host's
+    QObject host;
+    connect(text_edit->document(), &QTextDocument::contentsChange, &host, [&] {
+        if (!std::exchange(before_ours, true))
+            QTextCursor(text_edit->document()).insertText(u"a. b. "_s);
+    });
+    editor.set_text_content(u"end"_s);
+    before_ours = false;
+    text_edit->moveCursor(QTextCursor::End);
+    text_edit->insertPlainText(u"x"_s);
+    QCOMPARE(editor.get_text_content(), u"a. b. endx"_s);
+    QCOMPARE(editor.counts().words, 3);
+    QTextCursor same_length(text_edit->document());
+    connect(text_edit->document(), &QTextDocument::contentsChange, &host, [&] {
+        if (same_length.position() == 0) {
+            same_length.setPosition(2);
+            same_length.movePosition(QTextCursor::Right, QTextCursor::KeepAnchor);
+            same_length.insertText(u"c"_s); // a blank goes
+        }
+    });
+    text_edit->insertPlainText(u"y"_s);
+    QCOMPARE(editor.get_text_content(), u"a.cb. endxy"_s);
+    QCOMPARE(editor.counts().words, 2);
+}
+
+void TstContent::documents_are_left_as_found()
+{
+    QTextDocument document;
+    document.setHtml(picture(4, 4) + u"text"_s);
+    QAbstractTextDocumentLayout *layout = document.documentLayout();
+    QTextObjectInterface *handler = layout->handlerForObject(QTextFormat::ImageObject);
+    const qsizetype helpers = document.children().size() + layout->children().size();
+    CustomTextEditor editor(std::nullopt);
+    const QPointer<QTextDocument> own = editor.text_edit->document();
+    own->setParent(&editor);
+    for (int i = 0; i < 20; ++i) {
+        editor.text_edit->setDocument(&document);
+        QVERIFY(layout->handlerForObject(QTextFormat::ImageObject) != handler);
+        auto second = std::make_unique<CustomTextEditor>(std::nullopt);
+        second->text_edit->setDocument(&document);
+        if (i % 2 == 0)
+            second.reset();
+        editor.text_edit->setDocument(own);
+    }
+    QCOMPARE(layout->handlerForObject(QTextFormat::ImageObject), handler);
+    QCOMPARE(document.children().size() + layout->children().size(), helpers);
+    QCOMPARE(editor.counts().words, 0);
 }
 
 void TstContent::prints_in_pages()

@@ -370,11 +370,13 @@ private:
     void create_text_area(QBoxLayout *column);
     void create_status_row(QBoxLayout *column);
     QLabel *create_read_only_label();
+    void enable_writing(bool enabled);
     void add_font_boxes();
     void add_suggestions_box();
     void follow_document();
     void attach_to_document();
     void follow_undo();
+    void follow_lost_selection();
     void show_counts(const EditorCounts &counts);
     bool has_selected_text() const;
     void apply_font_size(double points);
@@ -395,9 +397,10 @@ private:
     std::unique_ptr<PictureHandling> m_pictures;
     std::unique_ptr<EditState> m_edit_state;
     EditorCounts m_counts;
-    QFont m_unzoomed_font;    // the text area's, before zooming
-    double m_zoomed_size = 0; // its size in points after the last zoom step
-    qint64 m_zoom_steps = 0;  // since then, those that Qt refused included
+    bool m_lost_selection = false; // by undo, which the text area has not noticed
+    QFont m_unzoomed_font;         // the text area's, before zooming
+    double m_zoomed_size = 0;      // its size in points after the last zoom step
+    qint64 m_zoom_steps = 0;       // since then, those that Qt refused included
     std::unique_ptr<TypingFormat> m_typing_format;
     QString m_checker_lang;        // what the checker was made with; hosts may assign `lang`
     QPointer<WordMarker> m_marker; // belongs to the highlighter

@@ -62,7 +62,7 @@ QString CustomTextEditor::get_selected_text() const
 void CustomTextEditor::insert_after_selection(const QString &text)
 {
     QTextCursor cursor = text_edit->textCursor();
-    if (!cursor.hasSelection())
+    if (!cursor.hasSelection() || is_read_only())
         return;
     cursor.beginEditBlock();
     cursor.setPosition(cursor.selectionEnd());
@@ -75,7 +75,7 @@ void CustomTextEditor::insert_after_selection(const QString &text)
 void CustomTextEditor::replace_selected_text(const QString &text)
 {
     QTextCursor cursor = text_edit->textCursor();
-    if (!cursor.hasSelection())
+    if (!cursor.hasSelection() || is_read_only())
         return;
     if (text.isEmpty()) // QTextCursor::insertHtml() would leave the selection alone
         cursor.removeSelectedText();
@@ -85,6 +85,8 @@ void CustomTextEditor::replace_selected_text(const QString &text)
 
 void CustomTextEditor::paste_plain_text()
 {
+    if (is_read_only())
+        return;
     const QMimeData *content = QApplication::clipboard()->mimeData();
     QString text = QApplication::clipboard()->text();
     if (text.isEmpty() && content && content->hasHtml()) // some programs offer nothing else

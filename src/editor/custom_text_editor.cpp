@@ -109,7 +109,7 @@ void CustomTextEditor::create_text_area(QBoxLayout *column)
     connect(text_edit, &QTextEdit::selectionChanged, this, &CustomTextEditor::selection_changed);
     connect(text_edit, &QTextEdit::cursorPositionChanged, this, &CustomTextEditor::follow_undo);
     const auto follow = [this] {
-        follow_undo();
+        follow_lost_selection();
         update_format_buttons();
     };
     connect(text_edit, &QTextEdit::textChanged, this, follow, Qt::QueuedConnection);
@@ -163,6 +163,7 @@ void CustomTextEditor::attach_to_document()
 {
     QTextDocument *document = text_edit->document();
     m_statistics = std::make_unique<DocumentStatistics>(document);
+    connect(m_statistics.get(), &DocumentStatistics::corrected, this, &CustomTextEditor::count_words);
     const auto show_pictures = [this, document] {
         m_pictures.reset();
         m_pictures = std::make_unique<PictureHandling>(document);

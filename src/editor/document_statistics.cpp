@@ -8,6 +8,7 @@
 #include <QtGui/QTextDocument>
 
 #include <algorithm>
+#include <utility>
 
 namespace my_classes {
 
@@ -31,6 +32,7 @@ DocumentStatistics::DocumentStatistics(QTextDocument *document)
 {
     recount_everything();
     connect(document, &QTextDocument::contentsChange, this, &DocumentStatistics::update);
+    connect(document, &QTextDocument::contentsChanged, this, &DocumentStatistics::finish);
 }
 
 TextCounts DocumentStatistics::of_document()
@@ -69,6 +71,7 @@ TextCounts DocumentStatistics::of_selection(const QTextCursor &cursor)
 void DocumentStatistics::update(int position, int removed, int added)
 {
     Q_UNUSED(removed);
+    m_is_told = true;
     if (added > m_document->characterCount() / 2) {
         // A new text is counted when asked for, after the layout has been made: then that lies together in memory.
         m_block_count = 0;
@@ -88,6 +91,15 @@ void DocumentStatistics::update(int position, int removed, int added)
     for (int i = first; i < first + new_count; ++i, block = block.next())
         m_tree[m_capacity + i] = counts_of_block(block);
     refresh_parents(first, old_count == new_count ? first + new_count - 1 : m_capacity - 1);
+}
+
+// One notification of what changes, one of the end; an edit made in the first has an end only.
+void DocumentStatistics::finish()
+{
+    if (std::exchange(m_is_told, false))
+        return;
+    m_block_count = 0; // not current
+    Q_EMIT corrected();
 }
 
 void DocumentStatistics::recount_everything()

@@ -37,7 +37,12 @@ public:
     /// The counts of the cursor's selectedText().
     TextCounts of_selection(const QTextCursor &cursor);
 
+Q_SIGNALS:
+    /// The counts were wrong until now: an edit was made inside a change notification, which is not notified.
+    void corrected();
+
 private:
+    void finish();
     void update(int position, int removed, int added);
     void recount_everything();
     bool is_current() const;
@@ -46,6 +51,7 @@ private:
     TextCounts of_blocks(int first, int end) const;
 
     QPointer<QTextDocument> m_document;
+    bool m_is_told = false; // of the change that is being finished
     int m_block_count = 0;
     int m_capacity = 0;             // leaves that fit, a power of two
     std::vector<TextCounts> m_tree; // root at 1, leaf of block i at m_capacity + i

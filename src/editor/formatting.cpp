@@ -165,11 +165,14 @@ void CustomTextEditor::apply_font_size(double points)
 
 void CustomTextEditor::set_alignment(Qt::Alignment alignment)
 {
-    text_edit->setAlignment(alignment);
+    if (!is_read_only())
+        text_edit->setAlignment(alignment);
 }
 
 void CustomTextEditor::set_line_spacing(double factor)
 {
+    if (is_read_only())
+        return;
     QTextBlockFormat format;
     // 150 is none of Qt's named line-height types; stored documents carry the number, so it stays.
     format.setLineHeight(factor, 150);
@@ -182,7 +185,7 @@ void CustomTextEditor::set_line_spacing(double factor)
 void CustomTextEditor::clear_formatting()
 {
     QTextCursor cursor = text_edit->textCursor();
-    if (!cursor.hasSelection())
+    if (!cursor.hasSelection() || is_read_only())
         return;
     const QTextCharFormat plain;
     cursor.beginEditBlock();
@@ -224,15 +227,27 @@ void CustomTextEditor::update_font_combos()
 
 void CustomTextEditor::selection_changed()
 {
-    clear_formatting_action->setEnabled(has_selected_text());
     count_words();
 }
 
 // Undo moves the cursor without notice of the lost selection, and not even of the move where that is none.
 void CustomTextEditor::follow_undo()
 {
-    if (m_counts.of_selection && !text_edit->textCursor().hasSelection())
-        selection_changed();
+    const bool selected = text_edit->textCursor().hasSelection();
+    if (selected == m_counts.of_selection)
+        return;
+    m_lost_selection = !selected;
+    selection_changed();
+}
+
+// The text area would not notice either that the same is selected again.
+void CustomTextEditor::follow_lost_selection()
+{
+    follow_undo();
+    if (!m_lost_selection)
+        return;
+    m_lost_selection = false;
+    text_edit->setTextCursor(text_edit->textCursor());
 }
 
 bool CustomTextEditor::has_selected_text() const

@@ -25,6 +25,8 @@ void CustomTextEditor::insert_bullet_list_square()
 // Always a new list, also inside a list: these commands never take a list away.
 void CustomTextEditor::insert_list(QTextListFormat::Style style)
 {
+    if (is_read_only())
+        return;
     QTextListFormat format;
     format.setStyle(style);
 

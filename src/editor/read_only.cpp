@@ -4,6 +4,7 @@
 #include <my_classes/custom_text_editor.h>
 
 #include <QtCore/QEvent>
+#include <QtGui/QAction>
 #include <QtWidgets/QLabel>
 
 #include <functional>
@@ -57,9 +58,24 @@ QLabel *CustomTextEditor::create_read_only_label()
         if (read_only != label->isHidden())
             return;
         label->setVisible(read_only);
+        enable_writing(!read_only);
         Q_EMIT read_only_changed(read_only);
     });
     return label;
+}
+
+/// Actions that depend on more, such as a selection, look at is_read_only() themselves.
+void CustomTextEditor::enable_writing(bool enabled)
+{
+    for (const EditorCommand command :
+         {EditorCommand::Bold, EditorCommand::Italic, EditorCommand::Underline, EditorCommand::Cut,
+          EditorCommand::Paste, EditorCommand::PasteUnformatted, EditorCommand::Undo, EditorCommand::Redo,
+          EditorCommand::JustifyLeft, EditorCommand::JustifyCenter, EditorCommand::JustifyRight,
+          EditorCommand::JustifyFull, EditorCommand::NumberedList, EditorCommand::BulletListDisc,
+          EditorCommand::BulletListSquare, EditorCommand::InsertImage, EditorCommand::InsertTable})
+        action(command)->setEnabled(enabled);
+    selection_changed();
+    update_suggestions();
 }
 
 } // namespace my_classes

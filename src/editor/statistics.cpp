@@ -6,6 +6,7 @@
 #include <my_classes/custom_text_editor.h>
 
 #include <QtCore/QLocale>
+#include <QtGui/QAction>
 #include <QtWidgets/QLabel>
 
 namespace my_classes {
@@ -28,6 +29,7 @@ void CustomTextEditor::count_words()
     if (!here)
         return;
     const bool selected = has_selected_text();
+    clear_formatting_action->setEnabled(selected && !is_read_only()); // selected cells may just have been emptied
     const TextCounts counts =
         selected ? m_statistics->of_selection(text_edit->textCursor()) : m_statistics->of_document();
     show_counts({counts.sentences, counts.words, counts.characters, selected});
