@@ -2,6 +2,25 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en">
 <context>
+    <name>FileDownloader</name>
+    <message>
+        <source>The file cannot be written: %1</source>
+        <translation>The file cannot be written: %1</translation>
+    </message>
+    <message>
+        <source>There is no file name.</source>
+        <translation>There is no file name.</translation>
+    </message>
+    <message>
+        <source>The server answered: %1 %2</source>
+        <translation>The server answered: %1 %2</translation>
+    </message>
+    <message>
+        <source>The connection was closed before the whole file had arrived.</source>
+        <translation>The connection was closed before the whole file had arrived.</translation>
+    </message>
+</context>
+<context>
     <name>my_classes::CustomTextEditor</name>
     <message>
         <source>Main Toolbar</source>
@@ -151,6 +170,34 @@
         <source>Spelling suggestions</source>
         <translation>Spelling suggestions</translation>
     </message>
+    <message>
+        <source>Read-only</source>
+        <translation>Read-only</translation>
+    </message>
+    <message>
+        <source>Insert Row Above</source>
+        <translation>Insert Row Above</translation>
+    </message>
+    <message>
+        <source>Insert Row Below</source>
+        <translation>Insert Row Below</translation>
+    </message>
+    <message>
+        <source>Insert Column Before</source>
+        <translation>Insert Column Before</translation>
+    </message>
+    <message>
+        <source>Insert Column After</source>
+        <translation>Insert Column After</translation>
+    </message>
+    <message>
+        <source>Remove Rows</source>
+        <translation>Remove Rows</translation>
+    </message>
+    <message>
+        <source>Remove Columns</source>
+        <translation>Remove Columns</translation>
+    </message>
 </context>
 <context>
     <name>my_classes::DownloadDialog</name>
@@ -177,6 +224,10 @@
     <message>
         <source>Descarga cancelada</source>
         <translation>Download cancelled</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Close</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,25 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es">
 <context>
+    <name>FileDownloader</name>
+    <message>
+        <source>The file cannot be written: %1</source>
+        <translation>No se puede escribir el archivo: %1</translation>
+    </message>
+    <message>
+        <source>There is no file name.</source>
+        <translation>Falta el nombre del archivo.</translation>
+    </message>
+    <message>
+        <source>The server answered: %1 %2</source>
+        <translation>El servidor respondió: %1 %2</translation>
+    </message>
+    <message>
+        <source>The connection was closed before the whole file had arrived.</source>
+        <translation>La conexión se cerró antes de que llegara el archivo completo.</translation>
+    </message>
+</context>
+<context>
     <name>my_classes::CustomTextEditor</name>
     <message>
         <source>Main Toolbar</source>
@@ -151,6 +170,34 @@
         <source>Spelling suggestions</source>
         <translation>Sugerencias ortográficas</translation>
     </message>
+    <message>
+        <source>Read-only</source>
+        <translation>Solo lectura</translation>
+    </message>
+    <message>
+        <source>Insert Row Above</source>
+        <translation>Insertar fila encima</translation>
+    </message>
+    <message>
+        <source>Insert Row Below</source>
+        <translation>Insertar fila debajo</translation>
+    </message>
+    <message>
+        <source>Insert Column Before</source>
+        <translation>Insertar columna antes</translation>
+    </message>
+    <message>
+        <source>Insert Column After</source>
+        <translation>Insertar columna después</translation>
+    </message>
+    <message>
+        <source>Remove Rows</source>
+        <translation>Eliminar filas</translation>
+    </message>
+    <message>
+        <source>Remove Columns</source>
+        <translation>Eliminar columnas</translation>
+    </message>
 </context>
 <context>
     <name>my_classes::DownloadDialog</name>
@@ -177,6 +224,10 @@
     <message>
         <source>Descarga cancelada</source>
         <translation>Descarga cancelada</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
     </message>
 </context>
 <context>
