@@ -93,7 +93,9 @@ int main(int argc, char *argv[])
         editor.set_lang(QString::fromLatin1(lang));
         editor.spellchecker->check(QStringLiteral("word"));
     }
-    const auto change = [&](const char *lang) { return [&editor, lang] { editor.set_lang(QString::fromLatin1(lang)); }; };
+    const auto change = [&](const char *lang) {
+        return [&editor, lang] { editor.set_lang(QString::fromLatin1(lang)); };
+    };
     const bench::Pair times = bench::alternate(51, change("es_ES"), change("en_US"));
     bench::print_row(QStringLiteral("set_lang, ms (limit 1)"), {std::max(times.ours, times.plain), 1}, 1);
     for (const int words : {10'000, 100'000, 1'000'000})

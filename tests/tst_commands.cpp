@@ -6,6 +6,7 @@
 #include <my_classes/custom_tab.h>
 #include <my_classes/custom_text_editor.h>
 #include <my_classes/diagnostic_output.h>
+#include <my_classes/table_dimension_input_dialog.h>
 
 #include <QtCore/QMimeData>
 #include <QtCore/QTranslator>
@@ -17,6 +18,7 @@
 #include <QtGui/QTextTable>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QMenu>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QToolBar>
 #include <QtWidgets/QVBoxLayout>
 
@@ -356,12 +358,16 @@ void TstCommands::forms_pass_a_parent_alone()
 void TstCommands::a_new_language_is_shown()
 {
     CustomTextEditor editor({});
+    const my_classes::TableDimensionInputDialog table;
+    const my_classes::SearchDialog search(editor.text_edit);
     const Brackets brackets;
     QCoreApplication::installTranslator(const_cast<Brackets *>(&brackets));
     QCoreApplication::sendPostedEvents();
     QCOMPARE(editor.bold_action->text(), u"<Bold>"_s);
     QCOMPARE(editor.suggestionsComboBox->placeholderText(), u"<Spellcheck Suggestions>"_s);
     QCOMPARE(editor.text_edit->accessibleName(), u"<Document>"_s);
+    QCOMPARE(table.windowTitle() + table.ok_button->text(), u"<Table Dimensión><Ok>"_s);
+    QCOMPARE(search.windowTitle() + search.next_button->text(), u"<Find and Replace><Find Next>"_s);
     QCoreApplication::removeTranslator(const_cast<Brackets *>(&brackets));
     QCoreApplication::sendPostedEvents();
     QCOMPARE(editor.action(EditorCommand::RemoveRows)->text(), u"Remove Rows"_s);

@@ -52,13 +52,14 @@ class WritingColours;
 ///
 /// The widgets and actions are public and owned by the editor; hosts may read and connect to them. GUI thread only.
 ///
-/// Where an editor is shown its text has the focus, unless the host or the person has given the focus to something else.
+/// Where an editor is shown its text has the focus, unless the host or the person has given the focus to something
+/// else.
 ///
-/// Keys, of the editor that has the focus: Ctrl+P print, Ctrl+B, Ctrl+I and Ctrl+U bold, italic and underlined, F7 check
-/// spelling, F8 clear the formatting of the selection, the platform's keys for undo and redo; set_shortcuts_enabled()
-/// takes these away. Besides, Alt+F10 goes to the tool bar and Escape back; Tab and Shift+Tab move from cell to cell in a
-/// table and change the level at the start of a list item; elsewhere Tab writes a tab and Shift+Tab goes to the tool bar.
-/// Ctrl with the wheel zooms. The text area keeps QTextEdit's own keys.
+/// Keys, of the editor that has the focus: Ctrl+P print, Ctrl+B, Ctrl+I and Ctrl+U bold, italic and underlined, F7
+/// check spelling, F8 clear the formatting of the selection, the platform's keys for undo and redo;
+/// set_shortcuts_enabled() takes these away. Besides, Alt+F10 goes to the tool bar and Escape back; Tab and Shift+Tab
+/// move from cell to cell in a table and change the level at the start of a list item; elsewhere Tab writes a tab and
+/// Shift+Tab goes to the tool bar. Ctrl with the wheel zooms. The text area keeps QTextEdit's own keys.
 class MY_CLASSES_EXPORT CustomTextEditor : public QWidget
 {
     Q_OBJECT

@@ -15,6 +15,7 @@
 #include <optional>
 
 QT_BEGIN_NAMESPACE
+class QLabel;
 class QLineEdit;
 class QPushButton;
 class QTextCursor;
@@ -46,6 +47,7 @@ public:
 
     /// Builds the widgets; called once, by the constructor.
     void init_ui();
+    void set_texts(QLabel *find_label, QLabel *replace_label);
 
     // Whole words. The search text is a regular expression between two word boundaries.
 

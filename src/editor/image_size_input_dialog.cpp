@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "editor/size_form.h"
+#include "frame/retranslation.h"
 
 #include <my_classes/image_size_input_dialog.h>
 
@@ -12,8 +13,11 @@ namespace my_classes {
 ImageSizeInputDialog::ImageSizeInputDialog(int w, int h, QWidget *parent)
     : QDialog(parent)
 {
-    setWindowTitle(tr("Image Size"));
-    const SizeForm form(this, tr("Image Width:"), tr("Image Height:"));
+    const SizeForm form(this);
+    new Retranslation(this, [this, form] {
+        setWindowTitle(tr("Image Size"));
+        form.set_texts(tr("Image Width:"), tr("Image Height:"));
+    });
     input1 = form.first;
     input2 = form.second;
     ok_button = form.ok;

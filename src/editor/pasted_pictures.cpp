@@ -25,7 +25,8 @@ namespace {
 bool is_picture_file(const QUrl &url)
 {
     const QString path = url.toLocalFile();
-    return !path.isEmpty() && QImageReader::supportedImageFormats().contains(QFileInfo(path).suffix().toLower().toLatin1());
+    return !path.isEmpty() &&
+           QImageReader::supportedImageFormats().contains(QFileInfo(path).suffix().toLower().toLatin1());
 }
 
 bool has_picture_files(const QMimeData *data)

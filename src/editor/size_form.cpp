@@ -14,35 +14,30 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
 
+#include <utility>
+
 namespace my_classes {
 
 using namespace Qt::StringLiterals;
 
-SizeForm::SizeForm(QDialog *dialog, const QString &first_label, const QString &second_label)
-    : first(new QLineEdit)
+SizeForm::SizeForm(QDialog *dialog)
+    : first_label(new QLabel)
+    , second_label(new QLabel)
+    , first(new QLineEdit)
     , second(new QLineEdit)
-    , ok(new QPushButton(tr("Ok")))
-    , cancel(new QPushButton(tr("Cancel")))
+    , ok(new QPushButton)
+    , cancel(new QPushButton)
 {
     const auto *digits = new QRegularExpressionValidator(QRegularExpression(u"[0-9]*"_s), dialog);
     auto *column = new QVBoxLayout;
-    const QString hint = tr("Write an integer value");
-    QLabel *labels[] = {new QLabel(first_label), new QLabel(second_label)};
-    const int label_width = qMax(labels[0]->sizeHint().width(), labels[1]->sizeHint().width());
-    const auto add_row = [&](QLabel *label, QLineEdit *input) {
+    for (const auto &[label, input] : {std::pair(first_label, first), std::pair(second_label, second)}) {
         label->setBuddy(input);
-        label->setMinimumWidth(label_width); // the fields stand below each other
-        input->setPlaceholderText(hint);
-        input->setMinimumWidth(input->fontMetrics().horizontalAdvance(hint) + input->sizeHint().height());
         input->setValidator(digits);
-        input->setAccessibleName(label->text());
         auto *row = new QHBoxLayout;
         row->addWidget(label);
         row->addWidget(input);
         column->addLayout(row);
-    };
-    add_row(labels[0], first);
-    add_row(labels[1], second);
+    }
 
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(ok);
@@ -53,6 +48,22 @@ SizeForm::SizeForm(QDialog *dialog, const QString &first_label, const QString &s
     QObject::connect(ok, &QPushButton::clicked, dialog, &QDialog::accept);
     QObject::connect(cancel, &QPushButton::clicked, dialog, &QDialog::reject);
     first->setFocus();
+}
+
+void SizeForm::set_texts(const QString &first_text, const QString &second_text) const
+{
+    first_label->setText(first_text);
+    second_label->setText(second_text);
+    const int label_width = qMax(first_label->sizeHint().width(), second_label->sizeHint().width());
+    const QString hint = tr("Write an integer value");
+    for (const auto &[label, input] : {std::pair(first_label, first), std::pair(second_label, second)}) {
+        label->setMinimumWidth(label_width); // the fields stand below each other
+        input->setPlaceholderText(hint);
+        input->setMinimumWidth(input->fontMetrics().horizontalAdvance(hint) + input->sizeHint().height());
+        input->setAccessibleName(label->text());
+    }
+    ok->setText(tr("Ok"));
+    cancel->setText(tr("Cancel"));
 }
 
 std::optional<int> entered_number(const QString &text)

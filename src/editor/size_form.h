@@ -10,6 +10,7 @@
 
 QT_BEGIN_NAMESPACE
 class QDialog;
+class QLabel;
 class QLineEdit;
 class QPushButton;
 class QWidget;
@@ -24,8 +25,13 @@ struct SizeForm
     Q_DECLARE_TR_FUNCTIONS(my_classes::SizeForm)
 
 public:
-    SizeForm(QDialog *dialog, const QString &first_label, const QString &second_label);
+    explicit SizeForm(QDialog *dialog);
 
+    /// Sets all texts; to be called again when the language changes.
+    void set_texts(const QString &first_text, const QString &second_text) const;
+
+    QLabel *first_label;
+    QLabel *second_label;
     QLineEdit *first;
     QLineEdit *second;
     QPushButton *ok;

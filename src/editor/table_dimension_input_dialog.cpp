@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "editor/size_form.h"
+#include "frame/retranslation.h"
 
 #include <my_classes/table_dimension_input_dialog.h>
 
@@ -12,8 +13,11 @@ namespace my_classes {
 TableDimensionInputDialog::TableDimensionInputDialog(QWidget *parent)
     : QDialog(parent)
 {
-    setWindowTitle(tr("Table Dimensión"));
-    const SizeForm form(this, tr("Table Rows:"), tr("Table Columns:"));
+    const SizeForm form(this);
+    new Retranslation(this, [this, form] {
+        setWindowTitle(tr("Table Dimensión"));
+        form.set_texts(tr("Table Rows:"), tr("Table Columns:"));
+    });
     input1 = form.first;
     input2 = form.second;
     ok_button = form.ok;

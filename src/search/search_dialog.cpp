@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "frame/icons.h"
+#include "frame/retranslation.h"
 #include "search/document_text.h"
 #include "search/placement.h"
 #include "search/replace_run.h"
@@ -29,10 +30,9 @@ namespace {
 
 constexpr int k_visible_characters = 40; // of the search text
 
-QLineEdit *add_input_row(QVBoxLayout *column, QLabel *label, const QString &accessible_name)
+QLineEdit *add_input_row(QVBoxLayout *column, QLabel *label)
 {
     auto *input = new QLineEdit;
-    input->setAccessibleName(accessible_name);
     input->setMinimumWidth(k_visible_characters * input->fontMetrics().averageCharWidth());
     label->setBuddy(input);
     auto *row = new QHBoxLayout;
@@ -42,9 +42,9 @@ QLineEdit *add_input_row(QVBoxLayout *column, QLabel *label, const QString &acce
     return input;
 }
 
-QPushButton *add_button(QHBoxLayout *row, const QString &text)
+QPushButton *add_button(QHBoxLayout *row)
 {
-    auto *button = new QPushButton(text);
+    auto *button = new QPushButton;
     button->setAutoDefault(false); // or Return in the search field would press it too
     row->addWidget(button);
     return button;
@@ -73,29 +73,41 @@ SearchDialog::~SearchDialog()
 
 void SearchDialog::init_ui()
 {
-    setWindowTitle(tr("Find and Replace"));
     auto *column = new QVBoxLayout(this);
-    auto *find_label = new QLabel(tr("Find:"));
-    auto *replace_label = new QLabel(tr("Replace with:"));
-    search_input = add_input_row(column, find_label, tr("Find"));
-    replace_input = add_input_row(column, replace_label, tr("Replace with"));
-    const int label_width = std::max(find_label->sizeHint().width(), replace_label->sizeHint().width());
-    find_label->setMinimumWidth(label_width);
-    replace_label->setMinimumWidth(label_width);
+    auto *find_label = new QLabel;
+    auto *replace_label = new QLabel;
+    search_input = add_input_row(column, find_label);
+    replace_input = add_input_row(column, replace_label);
 
     auto *buttons = new QHBoxLayout;
-    next_button = add_button(buttons, tr("Find Next"));
-    replace_button = add_button(buttons, tr("Replace"));
-    replace_all_button = add_button(buttons, tr("Replace All"));
+    next_button = add_button(buttons);
+    replace_button = add_button(buttons);
+    replace_all_button = add_button(buttons);
     replace_button->setEnabled(false);
     replace_all_button->setEnabled(false);
     column->addLayout(buttons);
+    new Retranslation(this, [this, find_label, replace_label] { set_texts(find_label, replace_label); });
 
     connect(search_input, &QLineEdit::textEdited, this, [this] { matches.reset(); });
     connect(next_button, &QPushButton::clicked, this, &SearchDialog::find_next);
     connect(search_input, &QLineEdit::returnPressed, this, &SearchDialog::on_return_pressed);
     connect(replace_button, &QPushButton::clicked, this, &SearchDialog::replace);
     connect(replace_all_button, &QPushButton::clicked, this, &SearchDialog::replace_all);
+}
+
+void SearchDialog::set_texts(QLabel *find_label, QLabel *replace_label)
+{
+    setWindowTitle(tr("Find and Replace"));
+    find_label->setText(tr("Find:"));
+    replace_label->setText(tr("Replace with:"));
+    const int label_width = std::max(find_label->sizeHint().width(), replace_label->sizeHint().width());
+    find_label->setMinimumWidth(label_width);
+    replace_label->setMinimumWidth(label_width);
+    search_input->setAccessibleName(tr("Find"));
+    replace_input->setAccessibleName(tr("Replace with"));
+    next_button->setText(tr("Find Next"));
+    replace_button->setText(tr("Replace"));
+    replace_all_button->setText(tr("Replace All"));
 }
 
 void SearchDialog::on_return_pressed()
