@@ -13,6 +13,7 @@
 #include <QtGui/QPdfWriter>
 #include <QtGui/QTextBlock>
 #include <QtTest/QSignalSpy>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 
 using namespace Qt::StringLiterals;
@@ -350,6 +351,7 @@ void TstContent::tells_of_counts_zoom_and_read_only()
     QCOMPARE(zoomed, (QList<QList<QVariant>>{{300}, {290}}));
     editor.set_read_only(true);
     QVERIFY(editor.is_read_only() && editor.text_edit->isReadOnly());
+    QVERIFY(!editor.findChild<QLabel *>(u"read_only_label"_s)->isHidden());
     editor.text_edit->setReadOnly(false);
     QCOMPARE(locked, (QList<QList<QVariant>>{{true}, {false}}));
 }

@@ -31,6 +31,10 @@
         <translation>Document</translation>
     </message>
     <message>
+        <source>Read-only</source>
+        <translation>Read-only</translation>
+    </message>
+    <message>
         <source>Zoom in</source>
         <translation>Zoom in</translation>
     </message>

@@ -31,6 +31,10 @@
         <translation>Documento</translation>
     </message>
     <message>
+        <source>Read-only</source>
+        <translation>Solo lectura</translation>
+    </message>
+    <message>
         <source>Zoom in</source>
         <translation>Acercar</translation>
     </message>

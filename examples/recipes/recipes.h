@@ -48,7 +48,8 @@ QTimer *save_by_itself(my_classes::CustomTextEditor *editor, const QString &path
 /// Marks misspelled words while they are written.
 void mark_while_writing(my_classes::CustomTextEditor *editor);
 
-/// A field in the window's tool bar in place of the dialog: Return finds the next occurrence, from the top after the last.
+/// A field in the window's tool bar in place of the dialog: Return finds the next occurrence, from the top after the
+/// last.
 QLineEdit *add_find_bar(QMainWindow *window, my_classes::CustomTextEditor *editor);
 
 /// A dialog in which Return writes a line and Ctrl+Return presses its default button.

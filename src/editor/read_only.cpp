@@ -14,7 +14,7 @@ namespace my_classes {
 
 namespace {
 
-/// Calls back when the text area becomes read-only or writable, whoever does that.
+/// Calls back when the text area becomes read-only or writable, whoever does that, and when the language changes.
 class ReadOnlyWatch : public QObject
 {
 public:
@@ -27,7 +27,7 @@ public:
 
     bool eventFilter(QObject *, QEvent *event) override
     {
-        if (event->type() == QEvent::ReadOnlyChange)
+        if (event->type() == QEvent::ReadOnlyChange || event->type() == QEvent::LanguageChange)
             m_changed();
         return false;
     }
@@ -52,8 +52,10 @@ bool CustomTextEditor::is_read_only() const
 QLabel *CustomTextEditor::create_read_only_label()
 {
     auto *label = new QLabel(tr("Read-only"));
+    label->setObjectName(QStringLiteral("read_only_label"));
     label->setVisible(false);
     new ReadOnlyWatch(text_edit, [this, label] {
+        label->setText(tr("Read-only"));
         const bool read_only = is_read_only();
         if (read_only != label->isHidden())
             return;
