@@ -52,14 +52,14 @@ QByteArray escaped(const QString &text)
     return text.toHtmlEscaped().replace(u'\n', "&#10;"_L1).replace(u'\r', "&#13;"_L1).toUtf8();
 }
 
-QString unescaped(const QByteArray &text)
+QString unescaped(QByteArrayView text)
 {
     QString result = QString::fromUtf8(text);
     result.replace("&#10;"_L1, "\n"_L1).replace("&#13;"_L1, "\r"_L1).replace("&quot;"_L1, "\""_L1);
     return result.replace("&lt;"_L1, "<"_L1).replace("&gt;"_L1, ">"_L1).replace("&amp;"_L1, "&"_L1);
 }
 
-QByteArray checksum(const QByteArray &bytes)
+QByteArray checksum(QByteArrayView bytes)
 {
     return k_checksum + QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex() + k_checksum_end;
 }
@@ -77,44 +77,44 @@ QByteArray section_bytes(const Section &section)
     throw FileError(tr("The file is damaged: a part of it is missing or was changed by another program."));
 }
 
-/// Walks through the bytes behind the checksum's proof. What it does not find is damage all the same.
+/// Walks through the bytes, which outlive it. What it does not find is damage, whatever the checksum says.
 class Reader
 {
 public:
-    explicit Reader(const QByteArray &bytes)
-        : m_bytes(bytes)
+    explicit Reader(QByteArrayView bytes)
+        : m_rest(bytes)
     {
     }
 
-    bool skip(const QByteArray &expected)
+    bool skip(QByteArrayView expected)
     {
-        const bool found = m_bytes.sliced(m_at).startsWith(expected);
-        m_at += found ? expected.size() : 0;
+        const bool found = m_rest.startsWith(expected);
+        m_rest = m_rest.sliced(found ? expected.size() : 0);
         return found;
     }
 
-    QByteArray line()
+    QByteArrayView line()
     {
-        const qsizetype end = m_bytes.indexOf('\n', m_at);
+        const qsizetype end = m_rest.indexOf('\n');
         if (end < 0)
             refuse_damaged();
-        return take(end - m_at + 1).chopped(1);
+        return take(end + 1).chopped(1);
     }
 
-    QByteArray take(qsizetype size)
+    QByteArrayView take(qsizetype size)
     {
-        if (size < 0 || size > m_bytes.size() - m_at)
+        if (size < 0 || size > m_rest.size())
             refuse_damaged();
-        m_at += size;
-        return m_bytes.sliced(m_at - size, size);
+        const QByteArrayView taken = m_rest.first(size);
+        m_rest = m_rest.sliced(size);
+        return taken;
     }
 
 private:
-    const QByteArray &m_bytes;
-    qsizetype m_at = 0;
+    QByteArrayView m_rest;
 };
 
-Section read_section(Reader &reader, const QByteArray &line)
+Section read_section(Reader &reader, QByteArrayView line)
 {
     static const QRegularExpression tag(
         uR"re(^<section lang="([^"]*)" data-bytes="(\d+)"><h1 class="title">([^<]*)</h1>$)re"_s);
@@ -145,7 +145,7 @@ void check_version(const QByteArray &bytes)
 void check_checksum(const QByteArray &bytes)
 {
     const qsizetype at = bytes.lastIndexOf(k_checksum);
-    if (at < 0 || bytes.sliced(at) != checksum(bytes.first(at)))
+    if (at < 0 || QByteArrayView(bytes).sliced(at) != checksum(QByteArrayView(bytes).first(at)))
         refuse_damaged();
 }
 
@@ -176,12 +176,14 @@ Document from_bytes(const QByteArray &bytes)
     static const QRegularExpression origin(uR"re(^<meta name="origin" content="([^"]*)">$)re"_s);
     Document document;
     Reader reader(bytes);
-    for (QByteArray line = reader.line(); line != "<body>"; line = reader.line()) {
+    for (QByteArrayView line = reader.line(); line != "<body>"; line = reader.line()) {
         if (const auto match = origin.match(QString::fromUtf8(line)); match.hasMatch())
             document.origin = unescaped(match.captured(1).toUtf8());
     }
-    while (!reader.skip(k_end))
-        document.sections.append(read_section(reader, reader.line()));
+    while (!reader.skip(k_end)) {
+        const QByteArrayView line = reader.line();
+        document.sections.append(read_section(reader, line));
+    }
     return document;
 }
 
