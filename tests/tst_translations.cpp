@@ -124,6 +124,9 @@ void TstTranslations::catalogues()
     QCOMPARE(title(), u"Descargar archivo"_s);
     QCOMPARE(refusal(), u"El título de la pestaña no puede estar vacío."_s);
     QVERIFY(statistics() != plain);
+    DownloadDialog failing(u"none:"_s, {}, {});
+    QTRY_COMPARE(failing.outcome(), DownloadOutcome::Failed);
+    QCOMPARE(failing.error_text(), u"Falta el nombre del archivo."_s);
 
     QVERIFY(!install_translation(QLocale(u"tlh"_s))); // the texts without any catalogue
     QCOMPARE(title(), u"Download File"_s);

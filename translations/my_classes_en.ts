@@ -262,6 +262,25 @@ Note: this action becomes permanent after document save.</translation>
     </message>
 </context>
 <context>
+    <name>my_classes::FileDownloader</name>
+    <message>
+        <source>The file cannot be written: %1</source>
+        <translation>The file cannot be written: %1</translation>
+    </message>
+    <message>
+        <source>There is no file name.</source>
+        <translation>There is no file name.</translation>
+    </message>
+    <message>
+        <source>The server answered: %1 %2</source>
+        <translation>The server answered: %1 %2</translation>
+    </message>
+    <message>
+        <source>The connection was closed before the whole file had arrived.</source>
+        <translation>The connection was closed before the whole file had arrived.</translation>
+    </message>
+</context>
+<context>
     <name>my_classes::ImageSizeInputDialog</name>
     <message>
         <source>Image Size</source>

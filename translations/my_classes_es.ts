@@ -262,6 +262,25 @@ Nota: esta acción será definitiva al guardar el documento.</translation>
     </message>
 </context>
 <context>
+    <name>my_classes::FileDownloader</name>
+    <message>
+        <source>The file cannot be written: %1</source>
+        <translation>No se puede escribir el archivo: %1</translation>
+    </message>
+    <message>
+        <source>There is no file name.</source>
+        <translation>Falta el nombre del archivo.</translation>
+    </message>
+    <message>
+        <source>The server answered: %1 %2</source>
+        <translation>El servidor ha respondido: %1 %2</translation>
+    </message>
+    <message>
+        <source>The connection was closed before the whole file had arrived.</source>
+        <translation>La conexión se cerró antes de que llegara el archivo completo.</translation>
+    </message>
+</context>
+<context>
     <name>my_classes::ImageSizeInputDialog</name>
     <message>
         <source>Image Size</source>

@@ -146,18 +146,18 @@ void FileDownloader::Transfer::remove_file()
 QString FileDownloader::Transfer::failure() const
 {
     if (!m_write_error.isEmpty())
-        return tr("The file cannot be written: %1").arg(m_write_error);
+        return FileDownloader::tr("The file cannot be written: %1").arg(m_write_error);
     if (m_file.error() != QFileDevice::NoError)
-        return tr("The file cannot be written: %1").arg(m_file.errorString());
+        return FileDownloader::tr("The file cannot be written: %1").arg(m_file.errorString());
     if (!m_reply)
-        return tr("There is no file name.");
+        return FileDownloader::tr("There is no file name.");
     if (http_status() >= 400) {
         const QString phrase = m_reply->attribute(QNetworkRequest::HttpReasonPhraseAttribute).toString();
-        return tr("The server answered: %1 %2").arg(http_status()).arg(phrase).trimmed();
+        return FileDownloader::tr("The server answered: %1 %2").arg(http_status()).arg(phrase).trimmed();
     }
     if (m_reply->error() != QNetworkReply::NoError)
         return m_reply->errorString();
-    return is_short() ? tr("The connection was closed before the whole file had arrived.") : QString();
+    return is_short() ? FileDownloader::tr("The connection was closed before the whole file had arrived.") : QString();
 }
 
 int FileDownloader::Transfer::http_status() const

@@ -18,8 +18,6 @@ namespace my_classes {
 /// removes the file.
 class FileDownloader::Transfer : public QObject
 {
-    Q_DECLARE_TR_FUNCTIONS(FileDownloader)
-
 public:
     explicit Transfer(FileDownloader *downloader);
     ~Transfer() override;

@@ -79,7 +79,7 @@ QUrl EmbeddedPictures::decoded(const QString &name)
     const QStringView base64 = base64_text(name);
     if (base64.isEmpty())
         return {};
-    const QUrl resource(u"embedded-picture:%1"_s.arg(++m_decoded));
+    QUrl resource(u"embedded-picture:%1"_s.arg(++m_decoded));
     const QImage picture = decode_picture(QByteArray::fromBase64(base64.toLatin1()));
     m_store.addResource(QTextDocument::ImageResource, resource, QPixmap::fromImage(picture));
     m_pictures.insert(name.constData(), {name, resource});
