@@ -568,7 +568,7 @@ void TstEditor::bad_input()
         u"ab\xd800"_s + QChar(0) + u"\xdc00"_s,
         u"<p>a<script>alert(1)</script><iframe src='x'>b</p><img src='/dev/zero'>"_s + own_server,
         u"<div>"_s.repeated(3000) + u"ab"_s,
-        u"word then. "_s.repeated(1'000'000) + u"ab"_s};
+        u"word then. "_s.repeated(100'000) + u"ab"_s};
     for (const QString &content : inputs) {
         const QByteArray start = content.left(50).toUtf8();
         CustomTextEditor editor(std::nullopt);

@@ -18,9 +18,10 @@ class FileDownloader;
 enum class DownloadOutcome { Pending, Completed, Failed, Cancelled };
 
 /// Progress dialog of one download, which its construction starts. The host shows and deletes it, at any moment; by
-/// itself it appears after QProgressDialog's delay, and for ten seconds when the download has failed. Closing it before
-/// the end cancels the download; afterwards its button reads "Close", and it only closes. canceled() and wasCanceled()
-/// mean a cancel by the person, nothing else. GUI thread only.
+/// itself it appears after QProgressDialog's delay; shown before, it stays or comes back for ten seconds when the
+/// download has failed, and one that was never shown does not appear after the end. Closing it before the end cancels
+/// the download; afterwards its button reads "Close", and it only closes. canceled() and wasCanceled() mean a cancel by
+/// the person, nothing else. GUI thread only.
 class MY_CLASSES_EXPORT DownloadDialog : public QProgressDialog
 {
     Q_OBJECT

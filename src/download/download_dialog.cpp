@@ -83,7 +83,8 @@ int DownloadDialog::http_status() const
 
 int DownloadDialog::exec()
 {
-    const bool is_over = m_outcome == DownloadOutcome::Failed ? !isVisible() : m_outcome != DownloadOutcome::Pending;
+    const bool is_over =
+        m_outcome == DownloadOutcome::Failed ? m_has_been_shown && !isVisible() : m_outcome != DownloadOutcome::Pending;
     if (is_over)
         return m_outcome == DownloadOutcome::Completed ? Accepted : Rejected;
     const QPointer<DownloadDialog> still_here(this);
@@ -165,7 +166,8 @@ void DownloadDialog::show_failure()
         label->setToolTip(plain_tool_tip(reason));
         label->setAccessibleDescription(reason);
     }
-    show(); // the bar at 100 hides the dialog, and a failure may come before it was ever shown
+    if (m_has_been_shown)
+        show(); // the bar at 100 has hidden it
 }
 
 void DownloadDialog::on_download_cancelled()
