@@ -6,6 +6,7 @@
 #include "editor/list_levels.h"
 #include "editor/pasted_pictures.h"
 #include "editor/table_cells.h"
+#include "layout/still_view.h"
 
 #include <my_classes/custom_text_editor.h>
 
@@ -37,6 +38,7 @@ TextArea::TextArea(CustomTextEditor *editor)
     : QTextEdit(editor)
     , m_editor(editor)
 {
+    new StillView(this); // typing costs the same in a long text
     setViewportMargins(k_page_margin, k_page_margin, k_page_margin, k_page_margin);
     // Qt's line breaking can let an underlined word overshoot its line by a fraction of a pixel. That is nothing to
     // scroll to, and a second scroll bar makes every repaint dearer.

@@ -1,0 +1,301 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+// Long texts in the whole editor, with statistics and 20,000 words marked, against a plain QTextEdit with the same text
+// at the same size.
+
+#include "book_text.h"
+#include "measure.h"
+
+#include <my_classes/custom_highlighter.h>
+#include <my_classes/custom_text_editor.h>
+#include <my_classes/my_spellchecker.h>
+
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+#include <QtGui/QAbstractTextDocumentLayout>
+#include <QtGui/QTextBlock>
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QScrollBar>
+
+#include <malloc.h>
+
+#include <memory>
+
+namespace {
+
+using my_classes::CustomTextEditor;
+
+QSet<QString> marked_words(const QString &text)
+{
+    my_spellchecker::MySpellChecker checker(QStringLiteral("en_US"));
+    QSet<QString> misspelled = checker.check(text);
+    for (int i = 0; misspelled.size() < 20'000; ++i) // words that are listed but stand nowhere
+        misspelled.insert(QStringLiteral("xq%1").arg(i));
+    return misspelled;
+}
+
+void finish_painting()
+{
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+}
+
+/// The editor and a plain text area of the size of its own.
+struct Windows
+{
+    Windows()
+        : editor(QFont(QStringLiteral("Liberation Serif"), 12))
+    {
+        editor.resize(1000, 800);
+        editor.show();
+        (void)QTest::qWaitForWindowExposed(&editor);
+        plain.setFont(editor.editor_font);
+        plain.resize(editor.text_edit->viewport()->size() + QSize(2 * plain.frameWidth(), 2 * plain.frameWidth()));
+        plain.show();
+        (void)QTest::qWaitForWindowExposed(&plain);
+    }
+
+    explicit Windows(const QString &text)
+        : Windows()
+    {
+        editor.set_text_content(text);
+        plain.setPlainText(text);
+        editor.highlighter->setMisspelled(marked_words(text));
+        finish_painting();
+        QTest::qWait(3000); // what is put off to quiet moments
+    }
+
+    void put_cursors(QTextCursor::MoveOperation where)
+    {
+        for (QTextEdit *area : {editor.text_edit, &plain}) {
+            QTextCursor cursor = area->textCursor();
+            if (where == QTextCursor::NoMove)
+                cursor.setPosition(area->document()->findBlockByNumber(area->document()->blockCount() / 2).position());
+            else
+                cursor.movePosition(where);
+            area->setTextCursor(cursor);
+            area->ensureCursorVisible();
+        }
+        finish_painting();
+    }
+
+    CustomTextEditor editor;
+    QTextEdit plain;
+};
+
+/// Both text areas, turn by turn, with what they repaint.
+template<typename Step>
+bench::Pair both(Windows &windows, int rounds, const Step &step)
+{
+    return bench::alternate(
+        rounds,
+        [&] {
+            step(windows.editor.text_edit);
+            finish_painting();
+        },
+        [&] {
+            step(&windows.plain);
+            finish_painting();
+        });
+}
+
+void make_bold(QTextEdit *area)
+{
+    QTextCursor cursor = area->textCursor();
+    cursor.select(QTextCursor::WordUnderCursor);
+    QTextCharFormat bold;
+    bold.setFontWeight(cursor.charFormat().fontWeight() == QFont::Bold ? QFont::Normal : QFont::Bold);
+    cursor.mergeCharFormat(bold);
+}
+
+void measure_edits(Windows &windows, const QString &size, double limit)
+{
+    for (const auto where : {QTextCursor::Start, QTextCursor::NoMove}) {
+        const QString place = where == QTextCursor::Start ? QStringLiteral("start") : QStringLiteral("middle");
+        const auto row = [&](const char *what, const bench::Pair &times) {
+            bench::print_row(QStringLiteral("%1, %2, %3").arg(QLatin1StringView(what), place, size), times, limit);
+        };
+        windows.put_cursors(where);
+        row("key press", both(windows, 21, [](QTextEdit *area) { QTest::keyClick(area, 'x'); }));
+        row("Return", both(windows, 11, [](QTextEdit *area) { QTest::keyClick(area, Qt::Key_Return); }));
+        row("joining Backspace", both(windows, 11, [](QTextEdit *area) { QTest::keyClick(area, Qt::Key_Backspace); }));
+        row("undo", both(windows, 5, [](QTextEdit *area) { area->undo(); }));
+        row("bold on a word", both(windows, 11, make_bold));
+    }
+}
+
+void measure_end(Windows &windows, const QString &size)
+{
+    windows.put_cursors(QTextCursor::End);
+    bench::print_row(QStringLiteral("key press, end, %1").arg(size),
+                     both(windows, 101, [](QTextEdit *area) { QTest::keyClick(area, 'x'); }), 1.5);
+    bench::print_row(QStringLiteral("arrow key, end, %1").arg(size),
+                     both(windows, 101, [](QTextEdit *area) { QTest::keyClick(area, Qt::Key_Left); }), 1.5);
+}
+
+void measure_scrolling(Windows &windows, const QString &size)
+{
+    const auto row = [&](const char *what, const bench::Pair &times) {
+        bench::print_row(QStringLiteral("%1, %2").arg(QLatin1StringView(what), size), times, 1.3);
+    };
+    windows.put_cursors(QTextCursor::NoMove);
+    row("Page Down", both(windows, 41, [](QTextEdit *area) { QTest::keyClick(area, Qt::Key_PageDown); }));
+    row("wheel step", both(windows, 41, [](QTextEdit *area) {
+            area->verticalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+        }));
+    int step = 0;
+    row("dragging the scroll bar, a repaint", both(windows, 41, [&step](QTextEdit *area) {
+            QScrollBar *bar = area->verticalScrollBar();
+            bar->setValue(static_cast<int>(static_cast<qint64>(bar->maximum()) * (++step / 2 % 40) / 40));
+        }));
+    windows.put_cursors(QTextCursor::Start);
+    row("resize", bench::alternate(
+                      5,
+                      [&] {
+                          windows.editor.resize(windows.editor.width() - 10, windows.editor.height());
+                          finish_painting();
+                      },
+                      [&] {
+                          windows.plain.resize(windows.plain.width() - 10, windows.plain.height());
+                          finish_painting();
+                      }));
+    row("zoom step", bench::alternate(
+                         5,
+                         [&] {
+                             windows.editor.zoom_in();
+                             finish_painting();
+                         },
+                         [&] {
+                             windows.plain.zoomIn(1);
+                             finish_painting();
+                         }));
+}
+
+void measure_marking(Windows &windows, const QString &text, const QString &size)
+{
+    const QSet<QString> words = marked_words(text);
+    windows.editor.highlighter->setMisspelled({});
+    finish_painting();
+    const bench::Pair times = bench::alternate(
+        3,
+        [&] {
+            windows.editor.highlighter->setMisspelled(words);
+            finish_painting();
+        },
+        [&] {
+            windows.plain.setPlainText(text);
+            windows.plain.document()->documentLayout()->documentSize();
+        });
+    bench::print_row(QStringLiteral("marking %1 words / one full layout, %2").arg(words.size()).arg(size), times, 0.2);
+}
+
+/// Milliseconds of the longest wait between two turns of the event loop.
+double longest_block(int milliseconds)
+{
+    double longest = 0;
+    QElapsedTimer whole;
+    whole.start();
+    while (whole.elapsed() < milliseconds)
+        longest =
+            std::max(longest, bench::milliseconds([] { QCoreApplication::processEvents(QEventLoop::AllEvents, 0); }));
+    return longest;
+}
+
+double megabytes_in_use()
+{
+    return static_cast<double>(mallinfo2().uordblks) / 1e6;
+}
+
+void measure_loading(const QString &text, const QString &size)
+{
+    QTextDocument source;
+    source.setPlainText(text);
+    const QString html = source.toHtml();
+    Windows windows;
+    const bench::Pair load = bench::alternate(
+        3,
+        [&] {
+            windows.editor.set_html_content(html);
+            finish_painting();
+        },
+        [&] {
+            windows.plain.setHtml(html);
+            finish_painting();
+        });
+    bench::print_row(QStringLiteral("set_html_content until the first paint, %1").arg(size), load, 1.1);
+
+    bench::Pair blocks{};
+    bench::Pair memory{};
+    double before = 0;
+    {
+        QTextEdit plain;
+        plain.resize(windows.plain.size());
+        plain.show();
+        finish_painting();
+        before = megabytes_in_use();
+        plain.setPlainText(text);
+        finish_painting();
+        blocks.plain = longest_block(5000);
+        memory.plain = megabytes_in_use() - before;
+    }
+    CustomTextEditor editor(windows.editor.editor_font);
+    editor.resize(windows.editor.size());
+    editor.show();
+    finish_painting();
+    before = megabytes_in_use();
+    editor.set_text_content(text);
+    finish_painting();
+    blocks.ours = longest_block(5000);
+    memory.ours = megabytes_in_use() - before;
+    bench::print_row(QStringLiteral("longest block of the event loop after loading, %1").arg(size), blocks, 1);
+    bench::print_row(QStringLiteral("memory of the loaded text, MB, %1").arg(size), memory, 1.1);
+}
+
+void measure_table(const QString &text, const QString &size)
+{
+    Windows windows(text);
+    for (QTextEdit *area : {windows.editor.text_edit, &windows.plain})
+        area->document()->rootFrame()->lastCursorPosition().insertTable(3, 3);
+    finish_painting();
+    windows.put_cursors(QTextCursor::Start);
+    bench::print_row(QStringLiteral("key press with a table in the text, %1").arg(size),
+                     both(windows, 11, [](QTextEdit *area) { QTest::keyClick(area, 'x'); }), 1.25);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QTemporaryDir home;
+    qputenv("ENCHANT_CONFIG_DIR", home.path().toUtf8());
+    QApplication application(argc, argv);
+    bench::print_header("ours ms", "plain ms");
+    double shortest = 0;
+    double longest = 0;
+    for (const int words : {10'000, 30'000, 100'000, 300'000, 1'000'000}) {
+        Windows windows(bench::book_text(words));
+        windows.put_cursors(QTextCursor::Start);
+        const bench::Pair times = both(windows, 41, [](QTextEdit *area) { QTest::keyClick(area, 'x'); });
+        bench::print_row(QStringLiteral("key press at the start, %L1 words").arg(words), times,
+                         words < 100'000 ? 1.5 : 0.5);
+        shortest = words == 10'000 ? times.ours : shortest;
+        longest = times.ours;
+    }
+    bench::print_row(QStringLiteral("key press, 1,000,000 words / 10,000 words"), {longest, shortest}, 1.5);
+    for (const int words : {100'000, 1'000'000}) {
+        const QString size = QStringLiteral("%L1 words").arg(words);
+        const QString text = bench::book_text(words);
+        {
+            Windows windows(text);
+            measure_edits(windows, size, words == 1'000'000 ? 0.1 : 0.5);
+            measure_end(windows, size);
+            measure_scrolling(windows, size);
+            measure_marking(windows, text, size);
+        }
+        measure_loading(text, size);
+        measure_table(text, size);
+    }
+    return 0;
+}

@@ -1,0 +1,271 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include "layout/document_layout.h"
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QScopedValueRollback>
+#include <QtGui/QFontMetrics>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextDocument>
+#include <QtGui/QTextFrame>
+#include <QtGui/QTextLayout>
+
+#include <algorithm>
+
+namespace my_classes {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int k_few_paragraphs = 8;               // are laid out at once when they change
+constexpr qreal k_endless = 1'000'000'000;        // pixels
+constexpr auto k_quiet = 250ms;                   // before what is not seen is measured
+constexpr qint64 k_slice_nanoseconds = 1'500'000; // a longer one is felt between two keys
+
+} // namespace
+
+DocumentLayout::DocumentLayout(QTextDocument *document)
+    : QAbstractTextDocumentLayout(document)
+{
+    const QAbstractTextDocumentLayout *qt_layout = m_picture_source.documentLayout();
+    registerHandler(QTextFormat::ImageObject,
+                    dynamic_cast<QObject *>(qt_layout->handlerForObject(QTextFormat::ImageObject)));
+    m_measuring.setSingleShot(true);
+    m_announcing.setSingleShot(true);
+    connect(&m_measuring, &QTimer::timeout, this, &DocumentLayout::measure_slice);
+    connect(&m_announcing, &QTimer::timeout, this, &DocumentLayout::announce_size);
+}
+
+/// Not inside of edits, when paragraphs have come or gone that are not notified yet.
+bool DocumentLayout::is_current() const
+{
+    return m_heights.count() == document()->blockCount();
+}
+
+QSizeF DocumentLayout::documentSize() const
+{
+    const Units width = std::max(m_page.width, m_page.left + m_heights.width() + m_page.right);
+    return {to_pixels(width), to_pixels(m_page.top + m_heights.total() + m_page.bottom)};
+}
+
+QRectF DocumentLayout::frameBoundingRect(QTextFrame *frame) const
+{
+    return frame == document()->rootFrame() ? QRectF(QPointF(0, 0), documentSize()) : QRectF();
+}
+
+QRectF DocumentLayout::blockBoundingRect(const QTextBlock &block) const
+{
+    if (!block.isValid() || block.document() != document() || !block.isVisible())
+        return {};
+    const int index = block.blockNumber();
+    if (is_current())
+        measure(index, block);
+    else if (block.layout()->lineCount() == 0)
+        lay_out_lines(block, m_page);
+    return rectangle_of(block, top_of(index) + m_heights.extent(index).gap);
+}
+
+/// Where the paragraph's lines are, which it is told here: places further down change with every edit.
+QRectF DocumentLayout::rectangle_of(const QTextBlock &block, Units top) const
+{
+    QTextLayout *layout = block.layout();
+    layout->setPosition(QPointF(to_pixels(m_page.left), to_pixels(top)));
+    QRectF rectangle = layout->boundingRect().translated(layout->position());
+    rectangle.moveTopLeft(layout->position()); // as Qt has it, wherever the first line is
+    return rectangle;
+}
+
+ParagraphExtent DocumentLayout::lay_out(const QTextBlock &block) const
+{
+    ParagraphExtent extent;
+    extent.is_measured = true;
+    if (!block.isVisible())
+        return extent;
+    extent = lay_out_lines(block, m_page);
+    m_overhang = std::max(m_overhang, overhang(block, extent));
+    return extent;
+}
+
+void DocumentLayout::measure(int index, const QTextBlock &block) const
+{
+    const ParagraphExtent old = m_heights.extent(index);
+    if (old.is_measured && (block.layout()->lineCount() > 0 || !block.isVisible()))
+        return;
+    const Units bottom = top_of(index) + old.height;
+    const ParagraphExtent extent = lay_out(block);
+    m_heights.set_extent(index, extent);
+    if (extent.height != old.height)
+        Q_EMIT const_cast<DocumentLayout *>(this)->corrected(bottom, extent.height - old.height);
+    if (documentSize() != m_announced_size && !m_announcing.isActive())
+        m_announcing.start();
+}
+
+void DocumentLayout::measure_between(qreal top, qreal bottom)
+{
+    if (!is_current())
+        return;
+    int index = m_heights.at(to_units(top) - m_page.top - m_overhang);
+    QTextBlock block = document()->findBlockByNumber(index);
+    for (; block.isValid(); block = block.next(), ++index) {
+        measure(index, block);
+        if (top_of(index + 1) >= to_units(bottom) + m_overhang)
+            break;
+    }
+}
+
+qreal DocumentLayout::first_measured_top(qreal top, qreal bottom) const
+{
+    int index = m_heights.at(to_units(top) - m_page.top);
+    for (; index < m_heights.count() && top_of(index) < to_units(bottom); ++index) {
+        if (m_heights.extent(index).is_measured)
+            return std::max(top, to_pixels(top_of(index)));
+    }
+    return top;
+}
+
+void DocumentLayout::put_off_measuring()
+{
+    if (m_heights.unmeasured_count() > 0)
+        m_measuring.start(k_quiet);
+}
+
+void DocumentLayout::measure_slice()
+{
+    if (!is_current() || !document()->isLayoutEnabled())
+        return;
+    QElapsedTimer time;
+    time.start();
+    int index = m_heights.next_unmeasured(0);
+    QTextBlock block = document()->findBlockByNumber(index);
+    while (index >= 0 && time.nsecsElapsed() < k_slice_nanoseconds) {
+        measure(index, block);
+        const int next = m_heights.next_unmeasured(index + 1);
+        block = next == index + 1 ? block.next() : document()->findBlockByNumber(next);
+        index = next;
+    }
+    if (index >= 0)
+        m_measuring.start(0ms);
+}
+
+void DocumentLayout::announce_size()
+{
+    m_announcing.stop();
+    const QSizeF size = documentSize();
+    if (size == m_announced_size)
+        return;
+    m_announced_size = size;
+    Q_EMIT documentSizeChanged(size);
+}
+
+void DocumentLayout::documentChanged(int from, int, int added)
+{
+    const QScopedValueRollback<bool> busy(m_is_changing, true);
+    const Page page = Page::of(document(), paintDevice());
+    if (page != m_page || !update_paragraphs(from, added)) {
+        m_page = page;
+        estimate_everything();
+    }
+    put_off_measuring();
+    announce_size();
+}
+
+void DocumentLayout::estimate_everything()
+{
+    Q_EMIT about_to_estimate();
+    if (m_heights.count() > m_heights.unmeasured_count()) { // there are lines, which are no longer right
+        for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
+            block.layout()->clearLayout();
+    }
+    m_overhang = 0;
+    m_estimate = HeightEstimate(document(), m_page);
+    m_heights.replace(0, m_heights.count(), estimates(document()->begin(), document()->blockCount()));
+    Q_EMIT estimated();
+    Q_EMIT update();
+}
+
+std::vector<ParagraphExtent> DocumentLayout::estimates(const QTextBlock &first, int count) const
+{
+    std::vector<ParagraphExtent> extents;
+    extents.reserve(count);
+    for (QTextBlock block = first; count > 0; block = block.next(), --count)
+        extents.push_back(m_estimate.of(block));
+    return extents;
+}
+
+/// Takes over a change between two positions; false if the paragraphs cannot be told.
+bool DocumentLayout::update_paragraphs(int from, int added)
+{
+    const QTextBlock first = document()->findBlock(from);
+    const QTextBlock last = document()->findBlock(std::min(from + added, document()->characterCount() - 1));
+    if (!first.isValid() || !last.isValid())
+        return false;
+    const int index = first.blockNumber();
+    const int count = last.blockNumber() - index + 1;
+    const int old_count = count + m_heights.count() - document()->blockCount();
+    if (count < 1 || old_count < 1 || index + old_count > m_heights.count())
+        return false;
+
+    std::vector<ParagraphExtent> old = m_heights.extents(index, old_count);
+    const Units old_total = m_heights.total();
+    QTextBlock block = first;
+    for (int i = 0; i < count; ++i, block = block.next()) {
+        if (old_count != count || old[i].is_measured)
+            block.layout()->clearLayout(); // QTextCursor would go on using the lines
+    }
+    if (old_count == count) {
+        for (ParagraphExtent &extent : old)
+            extent.is_measured = false;
+        m_heights.replace(index, count, old);
+    } else {
+        m_heights.replace(index, old_count, estimates(first, count));
+    }
+    if (count <= k_few_paragraphs && document()->isLayoutEnabled())
+        lay_out_now(index, count);
+    refresh_gap(index + count);
+
+    const qreal top = to_pixels(top_of(index) - m_overhang);
+    const bool moved = m_heights.total() != old_total;
+    const qreal bottom = moved ? k_endless : to_pixels(top_of(index + count) + m_overhang);
+    Q_EMIT update(QRectF(0, top, k_endless, bottom - top));
+    return true;
+}
+
+void DocumentLayout::lay_out_now(int first, int count)
+{
+    QTextBlock block = document()->findBlockByNumber(first);
+    for (int i = first; i < first + count; ++i, block = block.next())
+        m_heights.set_extent(i, lay_out(block));
+}
+
+/// The gap above a paragraph depends on the one before.
+void DocumentLayout::refresh_gap(int index)
+{
+    if (index >= m_heights.count() || !m_heights.extent(index).is_measured)
+        return;
+    const QTextBlock block = document()->findBlockByNumber(index);
+    if (!block.isVisible())
+        return;
+    ParagraphExtent extent = m_heights.extent(index);
+    const auto gap = static_cast<qint32>(gap_above(block, m_page));
+    extent.height += gap - extent.gap;
+    extent.gap = gap;
+    m_heights.set_extent(index, extent);
+}
+
+/// In the middle means around that of small letters.
+void DocumentLayout::resizeInlineObject(QTextInlineObject item, int position, const QTextFormat &format)
+{
+    QAbstractTextDocumentLayout::resizeInlineObject(item, position, format);
+    const QTextCharFormat characters = format.toCharFormat();
+    if (characters.verticalAlignment() != QTextCharFormat::AlignMiddle)
+        return;
+    const QFont font = characters.font().resolve(m_page.font);
+    const QFontMetrics metrics = paintDevice() ? QFontMetrics(font, paintDevice()) : QFontMetrics(font);
+    const qreal height = item.height();
+    item.setAscent(height / 2 + metrics.xHeight() / 4.0);
+    item.setDescent(height - item.ascent());
+}
+
+} // namespace my_classes

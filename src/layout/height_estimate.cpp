@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include "layout/height_estimate.h"
+
+#include <QtGui/QFontMetricsF>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextDocument>
+#include <QtGui/QTextLayout>
+
+#include <algorithm>
+
+namespace my_classes {
+
+namespace {
+constexpr int k_sample = 24;                // paragraphs
+constexpr int k_longest_of_sample = 10'000; // characters
+} // namespace
+
+HeightEstimate::HeightEstimate(const QTextDocument *document, const Page &page)
+{
+    const QFontMetricsF metrics(page.font);
+    m_paragraphs = 1;
+    m_lines = 1;
+    m_line_heights = to_units(metrics.height());
+    m_full_lines = 1;
+    m_full_line_characters =
+        std::max<qint64>(1, page.text_width() / std::max<Units>(1, to_units(metrics.averageCharWidth())));
+    if (!document->isLayoutEnabled())
+        return;
+    const int count = document->blockCount();
+    const int step = std::max(1, count / k_sample);
+    for (int i = step / 2; i < count; i += step) {
+        const QTextBlock block = document->findBlockByNumber(i);
+        if (!block.isVisible() || block.length() > k_longest_of_sample)
+            continue;
+        learn(block, lay_out_lines(block, page));
+        block.layout()->clearLayout();
+    }
+}
+
+void HeightEstimate::learn(const QTextBlock &block, const ParagraphExtent &extent)
+{
+    const QTextLayout *layout = block.layout();
+    const int lines = layout->lineCount();
+    if (lines == 0)
+        return;
+    ++m_paragraphs;
+    m_lines += lines;
+    m_gaps += extent.gap;
+    m_line_heights += extent.height - extent.gap;
+    m_full_lines += lines - 1;
+    m_full_line_characters += layout->lineAt(lines - 1).textStart();
+}
+
+ParagraphExtent HeightEstimate::of(const QTextBlock &block) const
+{
+    ParagraphExtent extent;
+    if (!block.isVisible() || m_lines == 0)
+        return extent;
+    const qint64 characters = std::max(1, block.length() - 1);
+    const qint64 lines =
+        (characters * m_full_lines + m_full_line_characters - 1) / std::max<qint64>(1, m_full_line_characters);
+    extent.gap = static_cast<qint32>(m_gaps / m_paragraphs);
+    extent.height = static_cast<qint32>(extent.gap + std::max<qint64>(1, lines) * m_line_heights / m_lines);
+    return extent;
+}
+
+} // namespace my_classes

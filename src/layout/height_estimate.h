@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "layout/paragraph_lines.h"
+
+namespace my_classes {
+
+/// Guesses heights of paragraphs from those of a few, which it lays out.
+class HeightEstimate
+{
+public:
+    HeightEstimate() = default;
+    /// Lays out a sample of the document's paragraphs.
+    HeightEstimate(const QTextDocument *document, const Page &page);
+
+    ParagraphExtent of(const QTextBlock &block) const;
+
+private:
+    void learn(const QTextBlock &block, const ParagraphExtent &extent);
+
+    int m_paragraphs = 0;
+    int m_lines = 0;
+    int m_full_lines = 0; // all but the last ones of their paragraphs
+    qint64 m_full_line_characters = 0;
+    Units m_gaps = 0;
+    Units m_line_heights = 0;
+};
+
+} // namespace my_classes

@@ -1,0 +1,151 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include "layout/layout_switch.h"
+
+#include "layout/document_layout.h"
+#include "layout/kept_formats.h"
+#include "layout/object_handlers.h"
+#include "layout/still_view.h"
+
+#include <QtCore/QTimer>
+#include <QtCore/QVariant>
+#include <QtGui/QTextDocument>
+#include <QtGui/QTextFrame>
+
+#include <algorithm>
+
+namespace my_classes {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto k_retry = 50ms;
+
+/// Pictures that came with HTML have a frame, too: an empty one.
+bool is_table_or_float(const QTextFrame *frame)
+{
+    return frame->firstPosition() <= frame->lastPosition() ||
+           frame->frameFormat().position() != QTextFrameFormat::InFlow;
+}
+
+bool has_decoration(const QTextFrameFormat &format)
+{
+    return format.border() > 0 || format.padding() > 0 || format.background().style() != Qt::NoBrush ||
+           format.hasProperty(QTextFormat::FrameWidth) || format.hasProperty(QTextFormat::FrameHeight);
+}
+
+/// Neither ours nor one of the host's.
+bool is_qt_layout(const QAbstractTextDocumentLayout *layout)
+{
+    return qstrcmp(layout->metaObject()->className(), "QTextDocumentLayout") == 0;
+}
+
+} // namespace
+
+LayoutSwitch *LayoutSwitch::of(QTextDocument *document)
+{
+    auto *known = document->findChild<LayoutSwitch *>(QString(), Qt::FindDirectChildrenOnly);
+    return known ? known : new LayoutSwitch(document);
+}
+
+LayoutSwitch::LayoutSwitch(QTextDocument *document)
+    : QObject(document)
+    , m_document(document)
+{
+    connect(document, &QTextDocument::contentsChange, this, [this] { m_is_editing = true; });
+    connect(document, &QTextDocument::contentsChanged, this, [this] {
+        m_is_editing = false;
+        check();
+    });
+}
+
+void LayoutSwitch::add(StillView *view)
+{
+    m_views.append(view);
+    settle();
+}
+
+void LayoutSwitch::remove(StillView *view, bool keep)
+{
+    m_views.removeOne(view);
+    if (keep)
+        return;
+    QAbstractTextDocumentLayout *layout = m_document->documentLayout();
+    if (layout->paintDevice() == view->paint_device()) // which goes
+        layout->setPaintDevice(m_views.isEmpty() ? nullptr : m_views.last()->paint_device());
+    if (!m_views.isEmpty()) {
+        settle();
+        return;
+    }
+    use_own_layout(false);
+    delete this;
+}
+
+bool LayoutSwitch::wants_qt_layout() const
+{
+    const QTextFrame *root = m_document->rootFrame();
+    const QList<QTextFrame *> frames = root->childFrames();
+    return m_views.isEmpty() || m_document->pageSize().height() > 0 || has_decoration(root->frameFormat()) ||
+           std::any_of(m_views.cbegin(), m_views.cend(), [](const StillView *view) { return !view->is_wrapping(); }) ||
+           std::any_of(frames.cbegin(), frames.cend(), is_table_or_float);
+}
+
+bool LayoutSwitch::is_possible() const
+{
+    const auto *own = qobject_cast<DocumentLayout *>(m_document->documentLayout());
+    return !m_is_editing && !(own && own->is_changing());
+}
+
+void LayoutSwitch::check()
+{
+    const bool has_own = qobject_cast<DocumentLayout *>(m_document->documentLayout());
+    m_is_due = has_own == wants_qt_layout();
+    if (m_is_due) // not at once: the layout may be the one that is at work
+        QMetaObject::invokeMethod(this, &LayoutSwitch::settle, Qt::QueuedConnection);
+}
+
+void LayoutSwitch::settle()
+{
+    const bool own = !wants_qt_layout();
+    m_is_due = own != bool(qobject_cast<DocumentLayout *>(m_document->documentLayout()));
+    if (!m_is_due)
+        return;
+    if (is_possible())
+        use_own_layout(own);
+    else
+        QTimer::singleShot(k_retry, this, &LayoutSwitch::settle);
+}
+
+void LayoutSwitch::use_own_layout(bool own)
+{
+    const QAbstractTextDocumentLayout *present = m_document->documentLayout();
+    if (own && is_qt_layout(present))
+        replace_layout(new DocumentLayout(m_document));
+    else if (!own && qobject_cast<const DocumentLayout *>(present))
+        replace_layout(nullptr);
+    m_is_due = false;
+}
+
+/// A null pointer stands for Qt's. A layout takes the paragraphs' formats with it, and knows the device, the width of
+/// the cursor and the handlers of objects.
+void LayoutSwitch::replace_layout(QAbstractTextDocumentLayout *layout)
+{
+    QAbstractTextDocumentLayout *old = m_document->documentLayout();
+    QPaintDevice *device = old->paintDevice();
+    const QVariant cursor_width = old->property("cursorWidth");
+    ObjectHandlers handlers(m_document);
+    const KeptFormats formats(m_document);
+    m_document->setDocumentLayout(layout);
+    QAbstractTextDocumentLayout *present = m_document->documentLayout();
+    handlers.give_to(present);
+    present->setPaintDevice(device);
+    present->setProperty("cursorWidth", cursor_width);
+    formats.give_back();
+    m_document->markContentsDirty(0, m_document->characterCount());
+    for (StillView *view : std::as_const(m_views))
+        view->layout_replaced();
+}
+
+} // namespace my_classes

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QtCore/QList>
+#include <QtCore/QObject>
+
+QT_BEGIN_NAMESPACE
+class QAbstractTextDocumentLayout;
+class QTextDocument;
+QT_END_NAMESPACE
+
+namespace my_classes {
+
+class StillView;
+
+/// Gives a document our layout while one of our views shows it, except for as long as it needs Qt's own: for tables and
+/// floats, pages, and frames around the whole text. Belongs to the document; views of one document share it.
+class LayoutSwitch : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The one of the document, made if need be.
+    static LayoutSwitch *of(QTextDocument *document);
+
+    void add(StillView *view);
+    /// `keep`: the document goes too, and needs no other layout any more.
+    void remove(StillView *view, bool keep);
+    /// Switches if that is due and possible now.
+    void settle();
+
+private:
+    explicit LayoutSwitch(QTextDocument *document);
+
+    bool wants_qt_layout() const;
+    bool is_possible() const;
+    void check();
+    void use_own_layout(bool own);
+    void replace_layout(QAbstractTextDocumentLayout *layout);
+
+    QTextDocument *m_document;
+    QList<StillView *> m_views;
+    bool m_is_editing = false; // between the notifications around which the layout hears of a change
+    bool m_is_due = false;
+};
+
+} // namespace my_classes

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#include "layout/object_handlers.h"
+
+#include <QtCore/QSet>
+#include <QtGui/QAbstractTextDocumentLayout>
+#include <QtGui/QTextDocument>
+#include <QtGui/QTextFormat>
+
+namespace my_classes {
+
+namespace {
+
+constexpr int k_likely_user_types = 64;
+
+/// Those in the document, and those that hosts count up from the first one that is theirs, before they use them.
+QSet<int> object_types(const QTextDocument *document)
+{
+    QSet<int> types{QTextFormat::ImageObject};
+    const QList<QTextFormat> formats = document->allFormats();
+    for (const QTextFormat &format : formats)
+        types.insert(format.objectType());
+    for (int i = 0; i < k_likely_user_types; ++i)
+        types.insert(QTextFormat::UserObject + i);
+    return types;
+}
+
+QObject *handler_of(const QAbstractTextDocumentLayout *layout, int type)
+{
+    return dynamic_cast<QObject *>(layout->handlerForObject(type));
+}
+
+} // namespace
+
+ObjectHandlers::ObjectHandlers(QTextDocument *document)
+{
+    const QAbstractTextDocumentLayout *layout = document->documentLayout();
+    const QSet<int> types = object_types(document);
+    for (const int type : types) {
+        QObject *handler = handler_of(layout, type);
+        const bool goes_with_layout = handler && handler->parent() == layout;
+        if (!handler || (goes_with_layout && type == QTextFormat::ImageObject)) // the next layout has its own
+            continue;
+        m_registered.append({type, handler});
+        if (goes_with_layout)
+            handler->setParent(&m_owner);
+    }
+}
+
+void ObjectHandlers::give_to(QAbstractTextDocumentLayout *layout)
+{
+    for (const Registered &registered : std::as_const(m_registered)) {
+        if (!registered.handler)
+            continue;
+        layout->registerHandler(registered.type, registered.handler);
+        if (registered.handler->parent() == &m_owner)
+            registered.handler->setParent(layout);
+    }
+}
+
+} // namespace my_classes

@@ -1,0 +1,523 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QtCore/QDebug>
+#include <QtCore/QRandomGenerator>
+#include <QtGui/QAbstractTextDocumentLayout>
+#include <QtGui/QPainter>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextDocument>
+#include <QtGui/QTextList>
+#include <QtWidgets/QScrollBar>
+#include <QtWidgets/QTextEdit>
+
+#include <iterator>
+
+namespace test_support {
+
+/// Two text areas with the same document, edited alike: what one shows has to be what the other shows.
+class LayoutComparison
+{
+public:
+    LayoutComparison(QTextEdit *ours, QTextEdit *qt, quint32 seed)
+        : m_ours(ours)
+        , m_qt(qt)
+        , m_random(seed)
+    {
+        QImage picture(40, 30, QImage::Format_RGB32);
+        picture.fill(Qt::darkGreen);
+        for (QTextEdit *area : {ours, qt})
+            area->document()->addResource(QTextDocument::ImageResource, QUrl(QStringLiteral("picture")), picture);
+    }
+
+    int below(int bound) { return bound < 1 ? 0 : static_cast<int>(m_random.bounded(bound)); }
+
+    QString words(int count)
+    {
+        static const QStringList some{QStringLiteral("a"),
+                                      QStringLiteral("word"),
+                                      QStringLiteral("paragraphs"),
+                                      QStringLiteral("fi\u0301nd"),
+                                      QStringLiteral("\u05e9\u05dc\u05d5\u05dd"),
+                                      QStringLiteral("\u0645\u0631\u062d\u0628\u0627"),
+                                      QStringLiteral("\t"),
+                                      QStringLiteral("\u4f60\u597d\u4e16\u754c"),
+                                      QStringLiteral("incomprehensibilities-and-more"),
+                                      QStringLiteral("\u2028"),
+                                      QStringLiteral("soft\u00adhyphen"),
+                                      QStringLiteral("\U0001F600"),
+                                      QStringLiteral("12.5"),
+                                      QStringLiteral("(x)")};
+        QStringList text;
+        for (int i = 0; i < count; ++i)
+            text += some.at(below(static_cast<int>(some.size())));
+        return text.join(u' ');
+    }
+
+    QTextBlockFormat block_format()
+    {
+        QTextBlockFormat format;
+        switch (below(12)) {
+        case 0: {
+            static const Qt::Alignment all[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter, Qt::AlignJustify,
+                                                Qt::AlignRight | Qt::AlignAbsolute};
+            format.setAlignment(all[below(static_cast<int>(std::size(all)))]);
+            break;
+        }
+        case 1:
+            format.setIndent(below(4));
+            break;
+        case 2:
+            format.setTopMargin(below(60) / 3.0);
+            break;
+        case 3:
+            format.setBottomMargin(below(60) / 3.0);
+            break;
+        case 4:
+            format.setLeftMargin(below(90) / 2.0);
+            break;
+        case 5:
+            format.setRightMargin(below(90) / 2.0);
+            break;
+        case 6:
+            format.setTextIndent(below(120) / 2.0 - 10);
+            break;
+        case 7:
+            format.setBackground(below(2) ? QBrush(Qt::yellow) : QBrush(Qt::cyan, Qt::Dense5Pattern));
+            break;
+        case 8:
+            format.setLayoutDirection(below(2) ? Qt::RightToLeft : Qt::LayoutDirectionAuto);
+            break;
+        case 9:
+            format.setNonBreakableLines(below(2));
+            break;
+        case 10:
+            format.setTabPositions({QTextOption::Tab(50 + below(100), QTextOption::RightTab),
+                                    QTextOption::Tab(300, QTextOption::CenterTab)});
+            break;
+        default: {
+            static const std::pair<qreal, int> all[] = {
+                {0, QTextBlockFormat::SingleHeight},        {150, QTextBlockFormat::ProportionalHeight},
+                {83, QTextBlockFormat::ProportionalHeight}, {31.3, QTextBlockFormat::FixedHeight},
+                {9, QTextBlockFormat::FixedHeight},         {33, QTextBlockFormat::MinimumHeight},
+                {7.4, QTextBlockFormat::LineDistanceHeight}};
+            const auto [height, type] = all[below(static_cast<int>(std::size(all)))];
+            format.setLineHeight(height, type);
+        }
+        }
+        return format;
+    }
+
+    QTextCharFormat char_format()
+    {
+        QTextCharFormat format;
+        switch (below(11)) {
+        case 0:
+            format.setFontPointSize(6 + below(60) / 2.0);
+            break;
+        case 1:
+            format.setFontWeight(QFont::Bold);
+            break;
+        case 2:
+            format.setFontItalic(true);
+            break;
+        case 3:
+            format.setFontUnderline(true);
+            break;
+        case 4:
+            format.setFontFamilies({QStringLiteral("Liberation Mono")});
+            break;
+        case 5:
+            format.setForeground(Qt::blue);
+            break;
+        case 6:
+            format.setBackground(Qt::green);
+            break;
+        case 7:
+            format.setVerticalAlignment(below(2) ? QTextCharFormat::AlignSuperScript : QTextCharFormat::AlignSubScript);
+            break;
+        case 8:
+            format.setFontLetterSpacing(100 + below(60));
+            break;
+        case 9:
+            format.setFontCapitalization(QFont::SmallCaps);
+            break;
+        default:
+            format.setAnchor(true);
+            format.setAnchorHref(QStringLiteral("x"));
+            break;
+        }
+        return format;
+    }
+
+    /// One random edit, done to both.
+    void edit()
+    {
+        const int end = m_qt->document()->characterCount() - 1;
+        const int from = below(end + 1);
+        const int to = below(3) == 0 ? below(end + 1) : std::min(end, from + below(40));
+        const int what = below(20);
+        const QString text = words(1 + below(what == 0 ? 120 : 20));
+        const QTextBlockFormat block = block_format();
+        const QTextCharFormat character = char_format();
+        QTextImageFormat picture;
+        picture.setName(QStringLiteral("picture"));
+        if (below(2))
+            picture.setWidth(20 + below(100));
+        if (below(2))
+            picture.setVerticalAlignment(QTextCharFormat::VerticalAlignment(below(7)));
+        static const QTextListFormat::Style styles[] = {
+            QTextListFormat::ListDisc,    QTextListFormat::ListCircle,     QTextListFormat::ListSquare,
+            QTextListFormat::ListDecimal, QTextListFormat::ListLowerRoman, QTextListFormat::ListUpperAlpha};
+        const QTextListFormat::Style style = styles[below(static_cast<int>(std::size(styles)))];
+        const int level = below(3);
+        m_last = QStringLiteral("edit %1 from %2 to %3 of %4").arg(what).arg(from).arg(to).arg(end);
+        for (QTextEdit *area : {m_ours, m_qt}) {
+            QTextCursor cursor(area->document());
+            cursor.setPosition(from);
+            switch (what) {
+            case 0:
+            case 1:
+            case 2:
+                cursor.insertText(text);
+                break;
+            case 3:
+            case 4:
+                cursor.insertBlock();
+                break;
+            case 5:
+                cursor.insertText(text + u'\n' + text);
+                break;
+            case 6:
+                cursor.setPosition(std::min(end, from + 30), QTextCursor::KeepAnchor);
+                cursor.removeSelectedText();
+                break;
+            case 7:
+                cursor.setPosition(to, QTextCursor::KeepAnchor);
+                if (std::abs(to - from) < 300)
+                    cursor.insertText(text.left(5));
+                break;
+            case 8:
+            case 9:
+            case 10:
+                cursor.setPosition(to, QTextCursor::KeepAnchor);
+                cursor.mergeBlockFormat(block);
+                break;
+            case 11:
+            case 12:
+                cursor.setPosition(to, QTextCursor::KeepAnchor);
+                cursor.mergeCharFormat(character);
+                break;
+            case 13: {
+                QTextListFormat list;
+                list.setStyle(style);
+                list.setIndent(level);
+                cursor.setPosition(to, QTextCursor::KeepAnchor);
+                cursor.createList(list);
+                break;
+            }
+            case 14:
+                cursor.insertImage(picture);
+                break;
+            case 15:
+                cursor.insertHtml(
+                    QStringLiteral("<hr><p style='margin:7px'>a <b>rule</b> and <img src='picture' width=17></p>"));
+                break;
+            case 16:
+                area->document()->undo();
+                break;
+            case 17:
+                area->document()->redo();
+                break;
+            case 18:
+                cursor.beginEditBlock();
+                cursor.insertText(text);
+                cursor.setPosition(to / 2);
+                cursor.insertBlock(block);
+                cursor.movePosition(QTextCursor::End);
+                cursor.deletePreviousChar();
+                cursor.endEditBlock();
+                break;
+            default:
+                cursor.setPosition(to, QTextCursor::KeepAnchor);
+                cursor.setCharFormat({});
+                break;
+            }
+        }
+    }
+
+    /// What differs, or nothing.
+    QString difference()
+    {
+        QString found = geometry();
+        if (found.isEmpty())
+            found = hits();
+        if (found.isEmpty())
+            found = moves();
+        if (found.isEmpty())
+            found = pictures();
+        return found.isEmpty() ? found : m_last + QStringLiteral(": ") + found;
+    }
+
+    QString geometry()
+    {
+        QTextBlock a = m_ours->document()->begin();
+        QTextBlock b = m_qt->document()->begin();
+        for (; a.isValid() && b.isValid(); a = a.next(), b = b.next()) {
+            const QRectF ours = layout(m_ours)->blockBoundingRect(a);
+            const QRectF qt = layout(m_qt)->blockBoundingRect(b);
+            if (ours != qt) {
+                for (int i = 0; i < a.layout()->lineCount(); ++i) {
+                    const QTextLine x = a.layout()->lineAt(i), y = b.layout()->lineAt(i);
+                    if (x.rect() != y.rect()) {
+                        qInfo() << i << x.rect() << y.rect() << x.textStart() << x.textLength() << y.textStart()
+                                << y.textLength() << x.naturalTextRect() << y.naturalTextRect()
+                                << a.text().mid(y.textStart(), y.textLength());
+                        for (int k = 0; k < 60; ++k) {
+                            const QTextLine z = b.layout()->lineAt(k);
+                            qInfo() << k << z.width() << a.text().mid(z.textStart(), z.textLength());
+                        }
+                        for (const auto &r : a.textFormats())
+                            qInfo() << r.start << r.length << r.format.properties();
+                        break;
+                    }
+                }
+                qInfo().noquote() << "OURS" << lines(a) << m_ours->viewport()->width()
+                                  << layout(m_ours)->documentSize();
+                qInfo().noquote() << "QT" << lines(b) << m_qt->viewport()->width() << layout(m_qt)->documentSize();
+                return at(a) + text(ours) + text(qt);
+            }
+            if (a.layout()->lineCount() != b.layout()->lineCount())
+                return at(a) + QStringLiteral("lines %1 %2").arg(a.layout()->lineCount()).arg(b.layout()->lineCount());
+            for (int i = 0; i < a.layout()->lineCount(); ++i) {
+                const QTextLine x = a.layout()->lineAt(i);
+                const QTextLine y = b.layout()->lineAt(i);
+                if (x.rect() != y.rect() || x.naturalTextRect() != y.naturalTextRect() ||
+                    x.textStart() != y.textStart() || x.textLength() != y.textLength())
+                    return at(a) + QStringLiteral("line %1: ").arg(i) + text(x.rect()) + text(y.rect()) +
+                           text(x.naturalTextRect()) + text(y.naturalTextRect());
+            }
+            ++m_checks;
+        }
+        if (a.isValid() != b.isValid())
+            return QStringLiteral("paragraphs");
+        const QSizeF ours = layout(m_ours)->documentSize();
+        const QSizeF qt = layout(m_qt)->documentSize();
+        return ours == qt ? QString()
+                          : QStringLiteral("size %1x%2 %3x%4")
+                                .arg(ours.width())
+                                .arg(ours.height())
+                                .arg(qt.width())
+                                .arg(qt.height());
+    }
+
+    QString hits()
+    {
+        const QSizeF size = layout(m_qt)->documentSize();
+        for (int i = 0; i < 20; ++i) {
+            const QPointF point(below(int(size.width()) + 20) - 10,
+                                below(int(size.height()) + 40) - 20 + below(64) / 64.0);
+            if (is_in_overlap(point.y()))
+                continue;
+            for (const auto accuracy : {Qt::FuzzyHit, Qt::ExactHit}) {
+                const int ours = layout(m_ours)->hitTest(point, accuracy);
+                const int qt = layout(m_qt)->hitTest(point, accuracy);
+                if (ours != qt) {
+                    QString t = QStringLiteral("hit %1,%2 (%3): %4 %5 ")
+                                    .arg(point.x())
+                                    .arg(point.y())
+                                    .arg(accuracy)
+                                    .arg(ours)
+                                    .arg(qt);
+                    QTextBlock b = m_qt->document()->findBlock(qt);
+                    for (b = b.previous().isValid() ? b.previous() : b;
+                         b.isValid() && b.position() <= std::max(ours, qt); b = b.next()) {
+                        t += at(b) + text(layout(m_qt)->blockBoundingRect(b)) +
+                             QStringLiteral("pos %1+%2 ").arg(b.position()).arg(b.length());
+                        for (int k = 0; k < b.layout()->lineCount(); ++k)
+                            t += text(b.layout()->lineAt(k).naturalTextRect());
+                    }
+                    return t;
+                }
+            }
+            ++m_checks;
+        }
+        return {};
+    }
+
+    QString moves()
+    {
+        for (int i = 0; i < 10; ++i) {
+            static const QTextCursor::MoveOperation all[] = {
+                QTextCursor::Up,   QTextCursor::Down,  QTextCursor::StartOfLine, QTextCursor::EndOfLine,
+                QTextCursor::Left, QTextCursor::Right, QTextCursor::WordLeft,    QTextCursor::NextBlock};
+            QTextCursor a(m_ours->document());
+            QTextCursor b(m_qt->document());
+            const int start = below(m_qt->document()->characterCount());
+            a.setPosition(start);
+            b.setPosition(start);
+            for (int step = 0; step < 4; ++step) {
+                const auto move = all[below(static_cast<int>(std::size(all)))];
+                a.movePosition(move);
+                b.movePosition(move);
+                if (a.position() != b.position())
+                    return QStringLiteral("move %1 from %2: %3 %4")
+                        .arg(move)
+                        .arg(start)
+                        .arg(a.position())
+                        .arg(b.position());
+                const QRect x = cursor_rect(m_ours, a);
+                const QRect y = cursor_rect(m_qt, b);
+                if (x != y)
+                    return QStringLiteral("cursor at %1: ").arg(a.position()) + text(x) + text(y);
+                ++m_checks;
+            }
+        }
+        return {};
+    }
+
+    QString pictures()
+    {
+        const int height = int(layout(m_qt)->documentSize().height());
+        const QRectF clip(0, below(std::max(1, height - 200)), m_qt->viewport()->width(), 100 + below(500));
+        const int from = below(m_qt->document()->characterCount());
+        const int to = below(m_qt->document()->characterCount());
+        const int cursor = below(m_qt->document()->characterCount());
+        const bool full_width = below(2);
+        const qreal ratio = below(3) == 0 ? 1.5 : 1;
+        QImage both[2];
+        for (int i = 0; i < 2; ++i) {
+            QTextEdit *area = i == 0 ? m_ours : m_qt;
+            QAbstractTextDocumentLayout::PaintContext context;
+            context.palette = m_qt->palette();
+            context.cursorPosition = cursor;
+            context.clip = clip;
+            QAbstractTextDocumentLayout::Selection selection;
+            selection.cursor = QTextCursor(area->document());
+            selection.cursor.setPosition(from);
+            if (!full_width || from % 3)
+                selection.cursor.setPosition(to, QTextCursor::KeepAnchor);
+            selection.format.setBackground(context.palette.highlight());
+            selection.format.setForeground(context.palette.highlightedText());
+            if (full_width)
+                selection.format.setProperty(QTextFormat::FullWidthSelection, true);
+            context.selections.append(selection);
+            both[i] = QImage((clip.size() * ratio).toSize(), QImage::Format_RGB32);
+            both[i].setDevicePixelRatio(ratio);
+            both[i].fill(Qt::white);
+            QPainter painter(&both[i]);
+            painter.translate(-clip.topLeft());
+            painter.setClipRect(clip);
+            painter.setRenderHint(QPainter::SmoothPixmapTransform); // as the editor draws pictures
+            layout(area)->draw(&painter, context);
+        }
+        ++m_checks;
+        if (both[0] == both[1])
+            return {};
+        both[0].save(QStringLiteral("layout_ours.png"));
+        both[1].save(QStringLiteral("layout_qt.png"));
+        int y = 0;
+        while (std::equal(both[0].constScanLine(y), both[0].constScanLine(y) + both[0].width() * 4,
+                          both[1].constScanLine(y)))
+            ++y;
+        int x = 0;
+        while (both[0].pixel(x, y) == both[1].pixel(x, y))
+            ++x;
+        {
+            const QTextBlock b =
+                m_qt->document()->findBlock(layout(m_qt)->hitTest(QPointF(10, clip.top() + y / ratio), Qt::FuzzyHit));
+            qInfo().noquote() << at(b) << lines(b) << b.layout()->position() << b.layout()->lineAt(0).naturalTextRect()
+                              << b.layout()->lineAt(0).rect() << layout(m_qt)->documentSize() << b.charFormat().font()
+                              << QTextCursor(b).charFormat().font() << b.blockFormat().properties();
+        }
+        return QStringLiteral("picture of %1 + %2, ratio %3, selected %4 to %5 %6, cursor %7, differs at %8,%9")
+            .arg(clip.top())
+            .arg(clip.height())
+            .arg(ratio)
+            .arg(from)
+            .arg(to)
+            .arg(full_width)
+            .arg(cursor)
+            .arg(x)
+            .arg(y);
+    }
+
+    int checks() const { return m_checks; }
+
+private:
+    static QAbstractTextDocumentLayout *layout(QTextEdit *area) { return area->document()->documentLayout(); }
+
+    bool is_in_overlap(qreal y)
+    {
+        int lines = 0;
+        for (QTextBlock block = m_qt->document()->begin(); block.isValid(); block = block.next()) {
+            const qreal top = layout(m_qt)->blockBoundingRect(block).top();
+            if (block.layout()->lineCount() == 0)
+                continue;
+            const qreal first = block.layout()->lineAt(0).y();
+            for (int i = 0; i < block.layout()->lineCount(); ++i) {
+                const QTextLine line = block.layout()->lineAt(i);
+                const qreal line_top = block.layout()->position().y() + line.y();
+                lines += y >= line_top - 1 && y <= line_top + line.height() + 1;
+            }
+            Q_UNUSED(first);
+            Q_UNUSED(top);
+        }
+        return lines > 1;
+    }
+
+    static QRect cursor_rect(QTextEdit *area, const QTextCursor &cursor)
+    {
+        return area->cursorRect(cursor).translated(area->horizontalScrollBar()->value(),
+                                                   area->verticalScrollBar()->value());
+    }
+    static QString at(const QTextBlock &block)
+    {
+        const auto described = [](const QTextBlock &b) {
+            if (!b.isValid())
+                return QString();
+            const QTextBlockFormat f = b.blockFormat();
+            return QStringLiteral("{%1 lines, margins %2 %3 %6 %7 indent %8 %9, line height %4 of type %5} ")
+                .arg(b.layout()->lineCount())
+                .arg(f.topMargin())
+                .arg(f.bottomMargin())
+                .arg(f.lineHeight())
+                .arg(f.lineHeightType())
+                .arg(f.leftMargin())
+                .arg(f.rightMargin())
+                .arg(f.textIndent())
+                .arg(f.indent());
+        };
+        return QStringLiteral("paragraph %1 of %2: ").arg(block.blockNumber()).arg(block.document()->blockCount()) +
+               described(block.previous()) + described(block);
+    }
+    static QString lines(const QTextBlock &block)
+    {
+        QString t = QStringLiteral("lines: ");
+        for (int i = 0; i < block.layout()->lineCount(); ++i) {
+            const QTextLine l = block.layout()->lineAt(i);
+            t += QStringLiteral("%1 high %2 (%3 %4 %5) wide %6 ")
+                     .arg(l.y())
+                     .arg(l.height())
+                     .arg(l.ascent())
+                     .arg(l.descent())
+                     .arg(l.leading())
+                     .arg(l.width());
+        }
+        return t;
+    }
+    static QString text(const QRectF &r)
+    {
+        return QStringLiteral("[%1 %2 %3x%4] ").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height());
+    }
+
+    QTextEdit *m_ours;
+    QTextEdit *m_qt;
+    QRandomGenerator m_random;
+    QString m_last;
+    int m_checks = 0;
+};
+
+} // namespace test_support
