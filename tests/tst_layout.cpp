@@ -135,7 +135,8 @@ void TestLayout::keeps_still_while_measuring()
     const QImage before = windows.ours()->viewport()->grab().toImage();
     const int paragraph = top_paragraph(windows.ours());
     QTRY_COMPARE_WITH_TIMEOUT(bar->maximum(), windows.qt.verticalScrollBar()->maximum(), 20000);
-    QCOMPARE(windows.ours()->viewport()->grab().toImage(), before);
+    const QImage after = windows.ours()->viewport()->grab().toImage();
+    QCOMPARE(after, before);
     QCOMPARE(top_paragraph(windows.ours()), paragraph);
 
     // Upwards by the wheel through a text that is not measured.
@@ -213,7 +214,7 @@ void TestLayout::gives_the_document_back()
     }
     QCOMPARE(layout_name(&other), "QTextDocumentLayout");
     QTest::keyClicks(&other, QStringLiteral("y"));
-    QCOMPARE(document.toPlainText(), QStringLiteral("yxfirst\nsecond"));
+    QCOMPARE(document.toPlainText(), QStringLiteral("xyfirst\nsecond"));
 }
 
 void TestLayout::draws_factors_as_line_heights()
@@ -257,7 +258,7 @@ void TestLayout::survives_edits_inside_signals()
     connect(windows.ours()->verticalScrollBar(), &QScrollBar::rangeChanged, this, edit);
     connect(document->documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged, this, edit);
     for (int i = 0; i < 30; ++i) {
-        QTest::keyClicks(windows.ours(), QStringLiteral("x\n"));
+        QTest::keyClick(windows.ours(), i % 2 ? Qt::Key_X : Qt::Key_Return);
         if (i % 10 == 5)
             windows.ours()->textCursor().insertTable(1, 1);
     }
@@ -284,7 +285,11 @@ void TestLayout::takes_extreme_texts()
         }
         QTRY_COMPARE_WITH_TIMEOUT(windows.ours()->verticalScrollBar()->maximum(),
                                   windows.qt.verticalScrollBar()->maximum(), 20000);
-        QCOMPARE(windows.ours()->cursorRect(), windows.qt.cursorRect());
+        const auto place = [](const QTextEdit *area) {
+            return area->cursorRect().translated(0, area->verticalScrollBar()->value());
+        };
+        QCOMPARE(place(windows.ours()), place(&windows.qt));
+        QVERIFY(windows.ours()->viewport()->rect().contains(windows.ours()->cursorRect()));
     }
 }
 

@@ -22,6 +22,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto k_retry = 50ms;
+constexpr auto k_quiet = 200ms;
 
 /// Pictures that came with HTML have a frame, too: an empty one.
 bool is_table_or_float(const QTextFrame *frame)
@@ -54,11 +55,29 @@ LayoutSwitch::LayoutSwitch(QTextDocument *document)
     : QObject(document)
     , m_document(document)
 {
-    connect(document, &QTextDocument::contentsChange, this, [this] { m_is_editing = true; });
-    connect(document, &QTextDocument::contentsChanged, this, [this] {
-        m_is_editing = false;
-        check();
+    m_quiet.setSingleShot(true);
+    m_quiet.setInterval(k_quiet);
+    connect(&m_quiet, &QTimer::timeout, this, [this] {
+        m_edits = 0;
+        settle();
     });
+    connect(document, &QTextDocument::contentsChange, this, [this] {
+        if (m_edits == 0 || m_revision != m_document->revision()) // a new text is notified in two steps
+            ++m_edits;
+        m_revision = m_document->revision();
+    });
+    connect(document, &QTextDocument::contentsChanged, this, &LayoutSwitch::end_edit);
+}
+
+/// An edit made inside contentsChange() is notified by contentsChanged() only: then it cannot be told which edit has
+/// ended, and only time tells that all have.
+void LayoutSwitch::end_edit()
+{
+    if (m_edits > 0 && m_document->revision() == m_revision)
+        --m_edits;
+    if (m_edits > 0)
+        m_quiet.start();
+    check();
 }
 
 void LayoutSwitch::add(StillView *view)
@@ -95,7 +114,7 @@ bool LayoutSwitch::wants_qt_layout() const
 bool LayoutSwitch::is_possible() const
 {
     const auto *own = qobject_cast<DocumentLayout *>(m_document->documentLayout());
-    return !m_is_editing && !(own && own->is_changing());
+    return m_edits == 0 && !(own && own->is_changing());
 }
 
 void LayoutSwitch::check()

@@ -5,6 +5,7 @@
 
 #include <QtCore/QList>
 #include <QtCore/QObject>
+#include <QtCore/QTimer>
 
 QT_BEGIN_NAMESPACE
 class QAbstractTextDocumentLayout;
@@ -36,13 +37,16 @@ private:
 
     bool wants_qt_layout() const;
     bool is_possible() const;
+    void end_edit();
     void check();
     void use_own_layout(bool own);
     void replace_layout(QAbstractTextDocumentLayout *layout);
 
     QTextDocument *m_document;
     QList<StillView *> m_views;
-    bool m_is_editing = false; // between the notifications around which the layout hears of a change
+    QTimer m_quiet;
+    int m_edits = 0; // between the two notifications around which the layout hears of a change
+    int m_revision = 0;
     bool m_is_due = false;
 };
 

@@ -75,7 +75,7 @@ void StillView::listen()
     if (!layout)
         return;
     connect(layout, &DocumentLayout::corrected, this, &StillView::correct);
-    connect(layout, &DocumentLayout::estimated, this, &StillView::restore_top);
+    connect(layout, &DocumentLayout::estimated, this, &StillView::restore_top_of_same_text);
 }
 
 bool StillView::eventFilter(QObject *watched, QEvent *event)
@@ -160,20 +160,29 @@ qreal StillView::line_top(int position) const
 void StillView::note_top()
 {
     const int value = m_area->verticalScrollBar()->value();
-    if (m_anchor.position >= 0 && m_anchor.value == value && m_anchor.revision == m_document->revision())
+    if (!m_anchor.line.isNull() && m_anchor.value == value && m_anchor.revision == m_document->revision())
         return;
     const int position = m_document->documentLayout()->hitTest(QPointF(0, value), Qt::FuzzyHit);
-    m_anchor = {position, m_document->revision(), value, position < 0 ? 0 : line_top(position) - value};
+    m_anchor = {QTextCursor(m_document), m_document->revision(), value, 0};
+    m_anchor.line.setPosition(std::max(0, position));
+    m_anchor.offset = line_top(m_anchor.line.position()) - value;
 }
 
 void StillView::restore_top()
 {
     m_rest = 0;
-    if (m_anchor.position < 0 || m_anchor.revision != m_document->revision() || m_anchor.value <= 0)
+    if (m_anchor.line.isNull() || m_anchor.value <= 0)
         return;
-    m_anchor.value = static_cast<int>(std::lround(line_top(m_anchor.position) - m_anchor.offset));
-    m_anchor.value = std::max(0, m_anchor.value);
+    const qreal top = line_top(m_anchor.line.position()) - m_anchor.offset;
+    m_anchor.value = std::max(0, static_cast<int>(std::lround(top)));
     scroll_silently(m_anchor.value);
+}
+
+/// Not where all the text is another: that is seen from its start.
+void StillView::restore_top_of_same_text()
+{
+    if (m_anchor.revision == m_document->revision())
+        restore_top();
 }
 
 void StillView::layout_replaced()

@@ -7,6 +7,7 @@
 
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
+#include <QtGui/QTextCursor>
 
 QT_BEGIN_NAMESPACE
 class QPaintDevice;
@@ -47,7 +48,7 @@ private:
     /// A line and where it is in the window.
     struct Anchor
     {
-        int position = -1;
+        QTextCursor line; // follows edits
         int revision = -1;
         int value = 0; // of the scroll bar
         qreal offset = 0;
@@ -60,6 +61,7 @@ private:
     void correct(Units bottom, Units change);
     void note_top();
     void restore_top();
+    void restore_top_of_same_text();
     void scroll_silently(int value);
     qreal line_top(int position) const;
 
