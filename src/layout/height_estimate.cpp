@@ -15,6 +15,13 @@ namespace my_classes {
 namespace {
 constexpr int k_sample = 24;                // paragraphs
 constexpr int k_longest_of_sample = 10'000; // characters
+
+/// As most heights are: what follows does not move by parts of a pixel when they become known.
+qint32 whole_pixels(Units units)
+{
+    return static_cast<qint32>((units + 32) / 64 * 64);
+}
+
 } // namespace
 
 HeightEstimate::HeightEstimate(const QTextDocument *document, const Page &page)
@@ -61,8 +68,8 @@ ParagraphExtent HeightEstimate::of(const QTextBlock &block) const
     const qint64 characters = std::max(1, block.length() - 1);
     const qint64 lines =
         (characters * m_full_lines + m_full_line_characters - 1) / std::max<qint64>(1, m_full_line_characters);
-    extent.gap = static_cast<qint32>(m_gaps / m_paragraphs);
-    extent.height = static_cast<qint32>(extent.gap + std::max<qint64>(1, lines) * m_line_heights / m_lines);
+    extent.gap = whole_pixels(m_gaps / m_paragraphs);
+    extent.height = extent.gap + whole_pixels(std::max<qint64>(1, lines) * m_line_heights / m_lines);
     return extent;
 }
 

@@ -62,9 +62,10 @@ LayoutSwitch::LayoutSwitch(QTextDocument *document)
         settle();
     });
     connect(document, &QTextDocument::contentsChange, this, [this] {
-        if (m_edits == 0 || m_revision != m_document->revision()) // a new text is notified in two steps
-            ++m_edits;
+        if (m_edits == 0 || (m_revision != m_document->revision() && !m_was_cleared))
+            ++m_edits; // but not for the second step of a new text
         m_revision = m_document->revision();
+        m_was_cleared = m_document->isEmpty();
     });
     connect(document, &QTextDocument::contentsChanged, this, &LayoutSwitch::end_edit);
 }

@@ -188,6 +188,7 @@ void StillView::restore_top_of_same_text()
 void StillView::layout_replaced()
 {
     listen();
+    m_document->documentLayout()->documentSize(); // Qt's has not come far yet, and the window could not go further
     restore_top();
     m_area->viewport()->update();
 }
