@@ -187,8 +187,7 @@ void TestLayout::gives_way_to_tables()
     QCOMPARE(layout_name(area), own_name); // a picture's frame is not one that needs more
     for (int i = 0; i < 3; ++i) {
         QTextCursor(area->document()).insertTable(2, 2);
-        QCoreApplication::processEvents();
-        QCOMPARE(layout_name(area), "QTextDocumentLayout");
+        QTRY_COMPARE(layout_name(area), "QTextDocumentLayout");
         QCOMPARE(area->cursorForPosition(QPoint(5, 1)).block().text(), top);
         area->document()->undo();
         QTRY_COMPARE(layout_name(area), own_name);
