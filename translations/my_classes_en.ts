@@ -2,25 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en">
 <context>
-    <name>FileDownloader</name>
-    <message>
-        <source>The file cannot be written: %1</source>
-        <translation>The file cannot be written: %1</translation>
-    </message>
-    <message>
-        <source>There is no file name.</source>
-        <translation>There is no file name.</translation>
-    </message>
-    <message>
-        <source>The server answered: %1 %2</source>
-        <translation>The server answered: %1 %2</translation>
-    </message>
-    <message>
-        <source>The connection was closed before the whole file had arrived.</source>
-        <translation>The connection was closed before the whole file had arrived.</translation>
-    </message>
-</context>
-<context>
     <name>my_classes::CustomTextEditor</name>
     <message>
         <source>Main Toolbar</source>
@@ -173,10 +154,6 @@
     <message>
         <source>Spelling suggestions</source>
         <translation>Spelling suggestions</translation>
-    </message>
-    <message>
-        <source>Read-only</source>
-        <translation>Read-only</translation>
     </message>
     <message>
         <source>Insert Row Above</source>

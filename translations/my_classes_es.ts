@@ -2,25 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es">
 <context>
-    <name>FileDownloader</name>
-    <message>
-        <source>The file cannot be written: %1</source>
-        <translation>No se puede escribir el archivo: %1</translation>
-    </message>
-    <message>
-        <source>There is no file name.</source>
-        <translation>Falta el nombre del archivo.</translation>
-    </message>
-    <message>
-        <source>The server answered: %1 %2</source>
-        <translation>El servidor respondió: %1 %2</translation>
-    </message>
-    <message>
-        <source>The connection was closed before the whole file had arrived.</source>
-        <translation>La conexión se cerró antes de que llegara el archivo completo.</translation>
-    </message>
-</context>
-<context>
     <name>my_classes::CustomTextEditor</name>
     <message>
         <source>Main Toolbar</source>
@@ -173,10 +154,6 @@
     <message>
         <source>Spelling suggestions</source>
         <translation>Sugerencias ortográficas</translation>
-    </message>
-    <message>
-        <source>Read-only</source>
-        <translation>Solo lectura</translation>
     </message>
     <message>
         <source>Insert Row Above</source>
