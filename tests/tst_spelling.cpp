@@ -25,6 +25,7 @@ using namespace Qt::StringLiterals;
 using my_classes::CustomHighlighter;
 using my_classes::CustomTextEditor;
 using my_spellchecker::MySpellChecker;
+using test_support::plain_underlines;
 using test_support::underlines;
 using test_support::word_list_directory;
 using test_support::write_dictionary;
@@ -74,22 +75,6 @@ int as_child(const QStringList &arguments)
         std::cout << "error: " << error.what() << std::endl;
     }
     return 0;
-}
-
-/// The underlines of a text by the plain way: one expression for each word, a line under each of its matches.
-QString plain_underlines(const QString &text, const QSet<QString> &words)
-{
-    QString drawn(text.size(), u' ');
-    for (const QString &word : words) {
-        const QRegularExpression expression(u"\\b"_s + word + u"\\b"_s, QRegularExpression::UseUnicodePropertiesOption);
-        if (!expression.isValid())
-            continue;
-        for (auto matches = expression.globalMatch(text); matches.hasNext();) {
-            const QRegularExpressionMatch match = matches.next();
-            std::fill_n(drawn.begin() + match.capturedStart(), match.capturedLength(), u'~');
-        }
-    }
-    return drawn.replace(QRegularExpression(u"(?<!~)~"_s), u"^"_s).remove(QRegularExpression(u" +$"_s));
 }
 
 /// Up to `most` of `parts`, one behind the other.

@@ -6,6 +6,8 @@
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QSet>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextLayout>
 #include <QtTest/QTest>
@@ -42,6 +44,24 @@ inline QString underlines(const QTextBlock &block)
             drawn += QString(range.start - drawn.size(), u' ') + u'^' + QString(range.length - 1, u'~');
     }
     return drawn;
+}
+
+/// The underlines of a text by the plain way: one expression for each word, a line under each of its matches.
+inline QString plain_underlines(const QString &text, const QSet<QString> &words)
+{
+    QString drawn(text.size(), u' ');
+    for (const QString &word : words) {
+        const QRegularExpression expression(QStringLiteral("\\b") + word + QStringLiteral("\\b"),
+                                            QRegularExpression::UseUnicodePropertiesOption);
+        if (!expression.isValid())
+            continue;
+        for (auto matches = expression.globalMatch(text); matches.hasNext();) {
+            const QRegularExpressionMatch match = matches.next();
+            std::fill_n(drawn.begin() + match.capturedStart(), match.capturedLength(), u'~');
+        }
+    }
+    return drawn.replace(QRegularExpression(QStringLiteral("(?<!~)~")), QStringLiteral("^"))
+        .remove(QRegularExpression(QStringLiteral(" +$")));
 }
 
 /// The same of all paragraphs.
