@@ -3,8 +3,6 @@
 
 #include "support/test_support.h"
 
-#include <my_classes/custom_tab.h>
-#include <my_classes/custom_text_editor.h>
 #include <my_classes/editable_tab_widget.h>
 
 #include <QtCore/QPointer>
@@ -36,7 +34,6 @@ private Q_SLOTS:
     void leaving_the_field();
     void second_field_and_a_deleted_tab();
     void keys_go_to_what_is_visible();
-    void field_follows_its_page_data();
     void field_follows_its_page();
     void field_in_a_dialog();
     void refused_title_in_hostile_company();
@@ -45,7 +42,6 @@ private Q_SLOTS:
     void close_question_of_the_host();
     void titles_by_call();
     void deleted_while_asking();
-    void tab_forwards_to_its_editor();
 
 private:
     QPoint title(int index) const { return m_tabs->tabBar()->tabRect(index).center() - QPoint(10, 0); }
@@ -171,31 +167,26 @@ void TstTabs::keys_go_to_what_is_visible()
     QTRY_COMPARE(QApplication::focusWidget(), m_tabs->widget(1));
 }
 
-void TstTabs::field_follows_its_page_data()
-{
-    QTest::addColumn<Qt::LayoutDirection>("direction");
-    QTest::newRow("left to right") << Qt::LeftToRight;
-    QTest::newRow("right to left") << Qt::RightToLeft;
-}
-
 void TstTabs::field_follows_its_page()
 {
-    QFETCH(Qt::LayoutDirection, direction);
-    m_window->setLayoutDirection(direction);
-    const QTabBar *bar = m_tabs->tabBar();
-    const auto lies_over = [&](int index) {
-        return m_tabs->line_edit->geometry() == bar->tabRect(index).translated(bar->mapTo(m_tabs, QPoint()));
-    };
-    QTRY_COMPARE(bar->x() > 0, direction == Qt::RightToLeft);
-    double_click(0);
-    QVERIFY(lies_over(0));
-    m_window->resize(900, 400);
-    QTRY_VERIFY(lies_over(0));
-    m_tabs->tabBar()->moveTab(0, 2);
-    m_tabs->insertTab(0, new QTextEdit, u"Nueva"_s);
-    QTRY_VERIFY(lies_over(3));
-    QTest::keyClicks(m_tabs->line_edit, u"Mia\r"_s);
-    QCOMPARE(titles(), (QStringList{u"Nueva"_s, u"Intro"_s, u"<b>Fin</b>"_s, u"Mia"_s}));
+    for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        init();
+        m_window->setLayoutDirection(direction);
+        const QTabBar *bar = m_tabs->tabBar();
+        const auto lies_over = [&](int index) {
+            return m_tabs->line_edit->geometry() == bar->tabRect(index).translated(bar->mapTo(m_tabs, QPoint()));
+        };
+        QTRY_COMPARE(bar->x() > 0, direction == Qt::RightToLeft);
+        double_click(0);
+        QVERIFY(lies_over(0));
+        m_window->resize(900, 400);
+        QTRY_VERIFY(lies_over(0));
+        m_tabs->tabBar()->moveTab(0, 2);
+        m_tabs->insertTab(0, new QTextEdit, u"Nueva"_s);
+        QTRY_VERIFY(lies_over(3));
+        QTest::keyClicks(m_tabs->line_edit, u"Mia\r"_s);
+        QCOMPARE(titles(), (QStringList{u"Nueva"_s, u"Intro"_s, u"<b>Fin</b>"_s, u"Mia"_s}));
+    }
 }
 
 void TstTabs::field_in_a_dialog()
@@ -328,12 +319,9 @@ void TstTabs::titles_by_call()
 {
     QSignalSpy renamed(m_tabs, &EditableTabWidget::tab_renamed);
     QCOMPARE(m_tabs->unique_title(u" Nueva "_s), u"Nueva");
-    QCOMPARE(m_tabs->unique_title(u"Notas"_s), u"Notas 2");
-    QVERIFY(!m_tabs->rename_tab(1, u" Notas"_s));
-    QVERIFY(!m_tabs->rename_tab(1, u"  "_s));
-    QVERIFY(!m_tabs->rename_tab(3, u"Nueva"_s));
-    QVERIFY(m_tabs->rename_tab(1, u"Intro "_s)); // its own
-    QCOMPARE(renamed.size(), 0);
+    for (const auto &[index, refused] : {std::pair(1, u" Notas"_s), {1, u"  "_s}, {3, u"Nueva"_s}})
+        QVERIFY(!m_tabs->rename_tab(index, refused));
+    QVERIFY(m_tabs->rename_tab(1, u"Intro "_s) && renamed.isEmpty()); // its own
     QVERIFY(m_tabs->rename_tab(1, u" Notas 2"_s));
     QCOMPARE(m_tabs->unique_title(u"Notas"_s), u"Notas 3");
     double_click(1);
@@ -351,25 +339,6 @@ void TstTabs::deleted_while_asking()
     test_support::answer_next_dialog([this](QDialog *) { m_window.reset(); });
     QCOMPARE(m_tabs->msgbox_confirm(u"?"_s), QMessageBox::No);
     QVERIFY(!m_window);
-}
-
-void TstTabs::tab_forwards_to_its_editor()
-{
-    CustomTab tab(u"Arial"_s, 15);
-    QCOMPARE(tab.editor->editor_font, QFont(u"Arial"_s, 15));
-    QSignalSpy changed(&tab, &CustomTab::text_changed);
-    QTest::keyClicks(tab.editor->text_edit, u"a"_s);
-    QVERIFY(!changed.isEmpty());
-    tab.set_text_content(u"one two"_s);
-    QCOMPARE(tab.get_text_content(), u"one two");
-    tab.set_html_content(u"<b>one</b>"_s);
-    tab.editor->text_edit->selectAll();
-    QCOMPARE(tab.get_selected_text(), u"one");
-    tab.replace_selected_text(u"six"_s);
-    tab.editor->text_edit->selectAll();
-    tab.insert_after_selection(u"end"_s);
-    QCOMPARE(tab.get_text_content(), u"six\nend");
-    QCOMPARE(tab.get_html_content(), tab.editor->get_html_content());
 }
 
 MY_CLASSES_TEST_MAIN(TstTabs)
