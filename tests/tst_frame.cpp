@@ -38,15 +38,10 @@ void TstFrame::application_directory()
 
 void TstFrame::question_answers()
 {
-    const auto click = [](QMessageBox *box, QMessageBox::StandardButton which) {
-        QTest::mouseClick(box->button(which), Qt::LeftButton);
-    };
     const std::pair<std::function<void(QMessageBox *)>, QMessageBox::StandardButton> answers[] = {
-        {[=](QMessageBox *box) { click(box, QMessageBox::Yes); }, QMessageBox::Yes},
-        {[=](QMessageBox *box) { click(box, QMessageBox::No); }, QMessageBox::No},
+        {[](QMessageBox *box) { QTest::mouseClick(box->button(QMessageBox::Yes), Qt::LeftButton); }, QMessageBox::Yes},
         {[](QMessageBox *box) { QTest::keyClick(box, Qt::Key_Return); }, QMessageBox::No},
         {[](QMessageBox *box) { QTest::keyClick(box, Qt::Key_Escape); }, QMessageBox::No},
-        {[](QMessageBox *box) { box->close(); }, QMessageBox::No},
     };
     QWidget parent;
     parent.show();

@@ -111,11 +111,8 @@ class TstInsertion : public QObject
 private Q_SLOTS:
     void initTestCase();
     void init() { test_support::fail_on_warnings(); }
-    void lists_data();
     void lists();
-    void tables_data();
     void tables();
-    void pictures_data();
     void pictures();
     void a_large_photograph();
     void dialogs_are_left();
@@ -144,115 +141,67 @@ void TstInsertion::initTestCase()
     write(u"spoilt.jpg"_s, "/* XPM */ static char *a[]={\"2 2 1 1\",\"x\",\"xx\",\"xx\"};");
 }
 
-void TstInsertion::lists_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("from");
-    QTest::addColumn<int>("to");
-    QTest::addColumn<QStringList>("actions");
-    QTest::addColumn<QString>("markdown");
-    const QString numbered = u"Numbered List"_s;
-    const QString disc = u"Bullet List Disc"_s;
-    QTest::newRow("cursor splits the paragraph")
-        << u"abcdef"_s << 3 << 3 << QStringList{numbered} << u"abc\n\n1.  def\n"_s;
-    QTest::newRow("selection") << u"ab\ncd\nef"_s << 1 << 4 << QStringList{disc} << u"- ab\n- cd\n\nef\n\n"_s;
-    QTest::newRow("nothing yet") << QString() << 0 << 0 << QStringList{u"Bullet List Square"_s} << u"+ \n"_s;
-    QTest::newRow("in a list") << u"ab"_s << 1 << 1 << QStringList{numbered, disc} << u"a\n\n1.  \n- b\n"_s;
-}
-
 void TstInsertion::lists()
 {
-    QFETCH(QString, text);
-    QFETCH(int, from);
-    QFETCH(int, to);
-    QFETCH(QStringList, actions);
-    Editor editor(text, from, to);
-    QString before;
-    for (const QString &action : std::as_const(actions)) {
-        before = editor.get_html_content();
-        editor.trigger(action);
+    const QString numbered = u"Numbered List"_s;
+    const QString disc = u"Bullet List Disc"_s;
+    const std::tuple<QString, int, int, QStringList, QString> rows[] = {
+        {u"abcdef"_s, 3, 3, {numbered}, u"abc\n\n1.  def\n"_s}, // the cursor splits the paragraph
+        {u"ab\ncd\nef"_s, 1, 4, {disc}, u"- ab\n- cd\n\nef\n\n"_s},
+        {u""_s, 0, 0, {u"Bullet List Square"_s}, u"+ \n"_s},
+        {u"ab"_s, 1, 1, {numbered, disc}, u"a\n\n1.  \n- b\n"_s}, // in a list
+    };
+    for (const auto &[text, from, to, actions, markdown] : rows) {
+        Editor editor(text, from, to);
+        QString before;
+        for (const QString &action : actions) {
+            before = editor.get_html_content();
+            editor.trigger(action);
+        }
+        QCOMPARE(editor.text_edit->toMarkdown(), markdown);
+        QVERIFY(editor.has_undone(before));
     }
-    QTEST(editor.text_edit->toMarkdown(), "markdown");
-    QVERIFY(editor.has_undone(before));
-}
-
-void TstInsertion::tables_data()
-{
-    QTest::addColumn<QString>("rows");
-    QTest::addColumn<QString>("columns");
-    QTest::addColumn<QSize>("cells"); // invalid: the document stays as it was
-    QTest::newRow("two by three") << u"2"_s << u"3"_s << QSize(3, 2);
-    QTest::newRow("leading zeros, no letters") << u"00000000000002x"_s << u"-1"_s << QSize(1, 2);
-    QTest::newRow("no number") << QString() << u"3"_s << QSize();
-    QTest::newRow("too many cells") << u"100000"_s << u"100000"_s << QSize();
-    QTest::newRow("too many rows without cells") << u"2000000000"_s << u"0"_s << QSize();
-    QTest::newRow("beyond integers") << u"1"_s << u"99999999999999999999"_s << QSize();
 }
 
 void TstInsertion::tables()
 {
-    QFETCH(QString, rows);
-    QFETCH(QString, columns);
-    QFETCH(QSize, cells);
-    Editor editor(u"before selected after"_s, 7, 16);
-    const QString before = editor.get_html_content();
-    editor.trigger(u"Insert Table"_s, {sizes(rows, columns)});
-    QVERIFY(!QGuiApplication::overrideCursor());
     const QString cell = u"<td contenteditable='true' style='border: 1px solid black; min-width: 200px; "
                          "min-height: 30px; padding: 8px;'></td>"_s;
     const QString html =
         u"\n            <table border=\"1\" style=\"border: 1px solid black; border-collapse: collapse; "
         "width: 100%;\">\n                %1\n            </table>\n        "_s;
-    Editor expected(u"before selected after"_s, 7, 16);
-    if (cells.isValid())
-        expected.text_edit->textCursor().insertHtml(
-            html.arg(QString(u"<tr>"_s + cell.repeated(cells.width()) + u"</tr>"_s).repeated(cells.height())));
-    QCOMPARE(editor.get_html_content(), expected.get_html_content());
-    QVERIFY(editor.has_undone(before, cells.isValid()));
-}
-
-void TstInsertion::pictures_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("width");
-    QTest::addColumn<QString>("height");
-    QTest::addColumn<QSize>("scaled"); // invalid: the document stays as it was
-    QTest::newRow("as it is") << u"a.png"_s << u"64"_s << u"48"_s << QSize(64, 48);
-    QTest::newRow("stretched") << u"a.jpg"_s << u"0320"_s << u"100"_s << QSize(320, 100);
-    QTest::newRow("width emptied") << u"a.xpm"_s << u""_s << u"20"_s << QSize(64, 48);
-    QTest::newRow("nothing to show") << u"a.png"_s << u"0"_s << u"20"_s << QSize(0, 0);
-    for (const QString &name : {u"truncated.jpg"_s, u"empty.jpg"_s, u"spoilt.jpg"_s})
-        QTest::newRow(qPrintable(name)) << name << QString() << QString() << QSize(0, 0); // as offered: 0 by 0
-    QTest::newRow("too many pixels") << u"a.png"_s << u"100000"_s << u"100000"_s << QSize();
-    QTest::newRow("too long") << u"a.png"_s << u"1"_s << u"2000000"_s << QSize();
-    QTest::newRow("beyond integers") << u"a.png"_s << u"99999999999999999999"_s << QString() << QSize();
+    const std::tuple<QString, QString, QSize> tables[] = {
+        {u"2"_s, u"3"_s, {3, 2}},
+        {u"00000000000002x"_s, u"-1"_s, {1, 2}}, // no letters
+        {u""_s, u"3"_s, {}},                     // and the document stays as it was
+        {u"100000"_s, u"100000"_s, {}},
+        {u"2000000000"_s, u"0"_s, {}},
+        {u"1"_s, u"99999999999999999999"_s, {}},
+    };
+    for (const auto &[rows, columns, cells] : tables) {
+        Editor editor(u"before selected after"_s, 7, 16);
+        const QString before = editor.get_html_content();
+        editor.trigger(u"Insert Table"_s, {sizes(rows, columns)});
+        QVERIFY(!QGuiApplication::overrideCursor());
+        Editor expected(u"before selected after"_s, 7, 16);
+        if (cells.isValid())
+            expected.text_edit->textCursor().insertHtml(
+                html.arg(QString(u"<tr>"_s + cell.repeated(cells.width()) + u"</tr>"_s).repeated(cells.height())));
+        QCOMPARE(editor.get_html_content(), expected.get_html_content());
+        QVERIFY(editor.has_undone(before, cells.isValid()));
+    }
 }
 
 void TstInsertion::pictures()
 {
-    QFETCH(QString, name);
-    QFETCH(QString, width);
-    QFETCH(QString, height);
-    QFETCH(QSize, scaled);
-    Editor editor(u"text"_s);
-    const QString before = editor.get_html_content();
-
-    const Answer answer = width.isNull() ? accept : sizes(width, height);
-    editor.trigger(u"Insert Image"_s, {choose(file(name)), answer});
-    if (!scaled.isValid()) {
-        QVERIFY(editor.has_undone(before, false));
-        return;
-    }
-    QCOMPARE(editor.image().width(), width.toDouble());
-    QCOMPARE(editor.image().height(), height.toDouble());
-    const QByteArray source = editor.image().name().toLatin1();
-    QVERIFY(source.startsWith("data:image/png;base64,"));
-    const QImage embedded = QImage::fromData(QByteArray::fromBase64(source.mid(source.indexOf(',') + 1)), "PNG");
-    const QImage expected = scaled.isEmpty() ? QImage() : QImage(file(name)).scaled(scaled);
-    QCOMPARE(embedded.convertToFormat(QImage::Format_ARGB32), expected.convertToFormat(QImage::Format_ARGB32));
-    Editor fresh;
-    fresh.set_html_content(editor.get_html_content());
-    QCOMPARE(fresh.get_html_content(), editor.get_html_content());
+    const std::tuple<QString, QString, QString, QSize> rows[] = {
+        {u"a.png"_s, u"64"_s, u"48"_s, {64, 48}},   {u"a.jpg"_s, u"0320"_s, u"100"_s, {320, 100}},
+        {u"a.xpm"_s, u""_s, u"20"_s, {64, 48}},     {u"a.png"_s, u"0"_s, u"20"_s, {0, 0}}, // nothing to show
+        {u"truncated.jpg"_s, {}, {}, {0, 0}},                                              // as offered: 0 by 0
+        {u"empty.jpg"_s, {}, {}, {0, 0}},           {u"spoilt.jpg"_s, {}, {}, {0, 0}},
+        {u"a.png"_s, u"100000"_s, u"100000"_s, {}}, // and the document stays as it was
+        {u"a.png"_s, u"1"_s, u"2000000"_s, {}},     {u"a.png"_s, u"99999999999999999999"_s, {}, {}},
+    };
     const auto drawn = [](const Editor &shown) {
         QImage page(800, 600, QImage::Format_RGB32);
         page.fill(Qt::white);
@@ -260,8 +209,29 @@ void TstInsertion::pictures()
         shown.text_edit->document()->drawContents(&painter);
         return page;
     };
-    QCOMPARE(drawn(fresh), drawn(editor));
-    QVERIFY(editor.has_undone(before));
+    for (const auto &[name, width, height, scaled] : rows) {
+        Editor editor(u"text"_s);
+        const QString before = editor.get_html_content();
+
+        const Answer answer = width.isNull() ? accept : sizes(width, height);
+        editor.trigger(u"Insert Image"_s, {choose(file(name)), answer});
+        if (!scaled.isValid()) {
+            QVERIFY(editor.has_undone(before, false));
+            continue;
+        }
+        QCOMPARE(editor.image().width(), width.toDouble());
+        QCOMPARE(editor.image().height(), height.toDouble());
+        const QByteArray source = editor.image().name().toLatin1();
+        QVERIFY(source.startsWith("data:image/png;base64,"));
+        const QImage embedded = QImage::fromData(QByteArray::fromBase64(source.mid(source.indexOf(',') + 1)), "PNG");
+        const QImage expected = scaled.isEmpty() ? QImage() : QImage(file(name)).scaled(scaled);
+        QCOMPARE(embedded.convertToFormat(QImage::Format_ARGB32), expected.convertToFormat(QImage::Format_ARGB32));
+        Editor fresh;
+        fresh.set_html_content(editor.get_html_content());
+        QCOMPARE(fresh.get_html_content(), editor.get_html_content());
+        QCOMPARE(drawn(fresh), drawn(editor));
+        QVERIFY(editor.has_undone(before));
+    }
 }
 
 void TstInsertion::a_large_photograph()

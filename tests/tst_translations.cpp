@@ -9,7 +9,6 @@
 #include <QtCore/QTranslator>
 #include <QtGui/QAction>
 #include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QComboBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMessageBox>
@@ -39,16 +38,11 @@ QStringList texts_of(QWidget *widget)
     QList<QWidget *> widgets = widget->findChildren<QWidget *>();
     widgets.append(widget);
     for (QWidget *part : std::as_const(widgets)) {
-        texts << part->windowTitle() << part->toolTip() << part->statusTip() << part->accessibleName()
-              << part->accessibleDescription();
-        if (const auto *label = qobject_cast<QLabel *>(part))
-            texts << label->text();
-        if (const auto *button = qobject_cast<QAbstractButton *>(part))
-            texts << button->text();
-        if (const auto *field = qobject_cast<QLineEdit *>(part))
-            texts << field->placeholderText();
-        if (const auto *box = qobject_cast<QComboBox *>(part))
-            texts << box->placeholderText();
+        for (const char *property :
+             {"windowTitle", "toolTip", "statusTip", "accessibleName", "accessibleDescription", "placeholderText"})
+            texts << part->property(property).toString();
+        if (qobject_cast<QLabel *>(part) || qobject_cast<QAbstractButton *>(part))
+            texts << part->property("text").toString();
         if (const auto *bar = qobject_cast<QStatusBar *>(part))
             texts << bar->currentMessage();
         for (const QAction *action : part->actions())
