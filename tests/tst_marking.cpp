@@ -8,11 +8,9 @@
 #include <my_classes/custom_text_editor.h>
 #include <my_classes/my_spellchecker.h>
 
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QRandomGenerator>
 #include <QtGui/QAction>
 #include <QtTest/QSignalSpy>
-#include <QtWidgets/QComboBox>
 
 #include <memory>
 
@@ -61,7 +59,6 @@ private Q_SLOTS:
     void marking_is_no_edit();
     void marks_equal_a_full_check();
     void long_texts_come_in_slices();
-    void marking_is_off_until_asked_for();
     void marking_follows_language_lists_and_check();
     void marking_survives_other_documents_and_the_end();
 };
@@ -115,6 +112,7 @@ void TstMarking::marking_is_no_edit()
     QVERIFY(edits.isEmpty() && checks.isEmpty() && !document->isModified() && !document->isUndoAvailable());
     editor->set_marking_while_writing(false);
     QCOMPARE(underlines(*editor), u"\n"_s);
+    QVERIFY(!CustomTextEditor({}, nullptr, u"en_US"_s).is_marking_while_writing()); // until it is asked for
     QVERIFY(edits.isEmpty() && !document->isModified() && !document->isUndoAvailable());
 }
 
@@ -177,19 +175,6 @@ void TstMarking::long_texts_come_in_slices()
     QTRY_COMPARE_WITH_TIMEOUT(underlines(document->findBlockByNumber(2'999)), u"^~~                 ^~~~~"_s, 60'000);
 }
 
-void TstMarking::marking_is_off_until_asked_for()
-{
-    CustomTextEditor editor({}, nullptr, u"en_US"_s);
-    const auto other = marking_editor();
-    QVERIFY(!editor.is_marking_while_writing() && other->is_marking_while_writing());
-    for (const CustomTextEditor *one : {&editor, other.get()})
-        QTest::keyClicks(one->text_edit, u"teh "_s);
-    QTRY_COMPARE(underlines(*other), u"^~~"_s);
-    QCOMPARE(underlines(editor), QString());
-    editor.set_marking_while_writing(true); // what is there is checked, too
-    QTRY_COMPARE(underlines(editor), u"^~~"_s);
-}
-
 void TstMarking::marking_follows_language_lists_and_check()
 {
     const auto editor = marking_editor();
@@ -231,15 +216,6 @@ void TstMarking::marking_survives_other_documents_and_the_end()
     delete other;
     QTest::keyClicks(editor->text_edit, u"hte "_s);
     QTRY_COMPARE(underlines(*editor), u"^~~"_s);
-
-    // Undo and redo of what has been marked.
-    QTest::keyClicks(editor->text_edit, u"teh "_s);
-    QTRY_COMPARE(underlines(*editor), u"^~~ ^~~"_s);
-    editor->text_edit->selectAll();
-    QTest::keyClick(editor->text_edit, Qt::Key_Delete);
-    QTRY_VERIFY(editor->highlighter->misspelled.isEmpty());
-    editor->text_edit->undo();
-    QTRY_COMPARE(underlines(*editor), u"^~~ ^~~"_s);
 
     // In the middle of slices: switched off and on, the editor deleted.
     const QString text = u"Teh quick brown fox jmups.\n"_s.repeated(3'000);

@@ -192,31 +192,27 @@ private Q_SLOTS:
 
 void TstSearch::same_as_step_by_step_data()
 {
-    // Lists, separated by broken bars.
-    QTest::addColumn<QString>("alphabet");
-    QTest::addColumn<QString>("searches");
-    QTest::addColumn<QString>("replacements");
-    QTest::newRow("overlaps and boundaries")
-        << u"a¦aa¦b¦a b¦ab¦_¦ ¦\n¦-¦."_s << u"a¦aa¦ab¦b¦aba¦a b¦ ¦-"_s << u"¦b¦aa¦xa¦ba¦a b¦-¦_"_s;
-    QTest::newRow("words") << u"cat ¦Cat ¦concat ¦the cat. ¦two ¦two\n¦don't ¦x\u00a0¦\u2028"_s
-                           << u"cat¦at¦two¦don't¦x ¦t"_s << u"¦dog¦two two¦a cat¦Cat¦cat-cat¦xx\ny"_s;
-    QTest::newRow("patterns") << u"cat ¦cot ¦c.t ¦aab ¦(x) ¦$5 ¦a\n¦ab"_s
-                              << u"c.t¦.¦(¦[a¦a+¦a|c¦^a¦a$¦(?<=a)b¦\\w+¦\\s¦x*¦$5¦(?=c)¦(*UTF)a"_s
-                              << u"¦c.t¦.¦a+¦no¦((¦\n"_s;
-    QTest::newRow("scripts")
-        << u"est\u00e1 ¦est\u00e1s ¦e\u0301¦\U0001F600¦\U0001F600\U0001F600 ¦\u05e9\u05dc\u05d5\u05dd ¦\u0639\u0631\u0628\u064a ¦\u4e2d\u6587¦\U00010400¦\xd83d¦ "_s
-        << u"est\u00e1¦\u00e1¦e¦\u0301¦\U0001F600¦\u05e9\u05dc\u05d5\u05dd¦\u05dc¦\u4e2d¦\U00010400¦\xd83d¦\xde00"_s
-        << u"¦x¦\U0001F600¦\u05e9\u05dc¦est\u00e1 y¦\xd83d¦\U00010400"_s;
-    QTest::newRow("rich text")
-        << u"<p>a <b>b</b>¦<table border=1><tr><td>a</td><td>b a</td></tr></table>¦<table><tr><td>ab</td><td>b</td></tr></table>¦<img src=x>¦<i>aa</i> ¦<p>ab"_s
-        << u"a¦b¦\ufffc¦aa¦a\nb¦b\nb¦\n¦.¦ab"_s << u"¦x¦a¦b a¦x\ny"_s;
+    QTest::addColumn<QStringList>("lists"); // of document, search and replacement, separated by broken bars
+    const auto row = [](const char *name, const QString &document, const QString &search, const QString &replacement) {
+        QTest::newRow(name) << QStringList{document, search, replacement};
+    };
+    row("overlaps and boundaries", u"a¦aa¦b¦a b¦ab¦_¦ ¦\n¦-¦."_s, u"a¦aa¦ab¦b¦aba¦a b¦ ¦-"_s, u"¦b¦aa¦xa¦ba¦a b¦-¦_"_s);
+    row("words", u"cat ¦Cat ¦concat ¦the cat. ¦two ¦two\n¦don't ¦x\u00a0¦\u2028"_s, u"cat¦at¦two¦don't¦x ¦t"_s,
+        u"¦dog¦two two¦a cat¦Cat¦cat-cat¦xx\ny"_s);
+    row("patterns", u"cat ¦cot ¦c.t ¦aab ¦(x) ¦$5 ¦a\n¦ab"_s,
+        u"c.t¦.¦(¦[a¦a+¦a|c¦^a¦a$¦(?<=a)b¦\\w+¦\\s¦x*¦$5¦(?=c)¦(*UTF)a"_s, u"¦c.t¦.¦a+¦no¦((¦\n"_s);
+    row("scripts",
+        u"est\u00e1 ¦est\u00e1s ¦e\u0301¦\U0001F600¦\U0001F600\U0001F600 ¦\u05e9\u05dc\u05d5\u05dd ¦\u0639\u0631\u0628\u064a ¦\u4e2d\u6587¦\U00010400¦\xd83d¦ "_s,
+        u"est\u00e1¦\u00e1¦e¦\u0301¦\U0001F600¦\u05e9\u05dc\u05d5\u05dd¦\u05dc¦\u4e2d¦\U00010400¦\xd83d¦\xde00"_s,
+        u"¦x¦\U0001F600¦\u05e9\u05dc¦est\u00e1 y¦\xd83d¦\U00010400"_s);
+    row("rich text",
+        u"<p>a <b>b</b>¦<table border=1><tr><td>a</td><td>b a</td></tr></table>¦<table><tr><td>ab</td><td>b</td></tr></table>¦<img src=x>¦<i>aa</i> ¦<p>ab"_s,
+        u"a¦b¦\ufffc¦aa¦a\nb¦b\nb¦\n¦.¦ab"_s, u"¦x¦a¦b a¦x\ny"_s);
 }
 
 void TstSearch::same_as_step_by_step()
 {
-    QFETCH(QString, alphabet);
-    QFETCH(QString, searches);
-    QFETCH(QString, replacements);
+    QFETCH(QStringList, lists);
     QRandomGenerator random(7);
     const auto any_of = [&](const QString &list) {
         const QStringList items = list.split(u'¦');
@@ -227,15 +223,15 @@ void TstSearch::same_as_step_by_step()
     for (int i = 0; i < 300; ++i) {
         QString document;
         for (int words = random.bounded(24); words >= 0; --words)
-            document += any_of(alphabet);
+            document += any_of(lists[0]);
         Reference wanted;
         QTextEdit area;
         for (QTextEdit *each : {&wanted.area, &area})
-            alphabet.startsWith(u'<') ? each->setHtml(document) : each->setPlainText(document);
+            lists[0].startsWith(u'<') ? each->setHtml(document) : each->setPlainText(document);
         const QString before = area.toPlainText();
         SearchDialog dialog(&area);
-        dialog.search_input->setText(wanted.wanted = any_of(searches));
-        dialog.replace_input->setText(wanted.replacement = any_of(replacements));
+        dialog.search_input->setText(wanted.wanted = any_of(lists[1]));
+        dialog.replace_input->setText(wanted.replacement = any_of(lists[2]));
 
         const bool marks = random.bounded(2) == 0;
         const int steps = random.bounded(4);
@@ -478,29 +474,27 @@ void TstSearch::comes_and_goes_with_the_text()
     tabs.addTab(area, u"1"_s);
     tabs.addTab(new QTextEdit, u"2"_s);
     tabs.show();
-    {
-        SearchDialog dialog(area); // on the stack: the host's
-        dialog.show();
-        tabs.setCurrentIndex(1);
-        QVERIFY(!dialog.isVisible());
-        tabs.setCurrentIndex(0);
-        QVERIFY(dialog.isVisible());
-        tabs.setCurrentIndex(1);
-        dialog.close();
-        tabs.setCurrentIndex(0);
-        QVERIFY(!dialog.isVisible());
-        dialog.show();
-        delete area;
-        QVERIFY(!dialog.isVisible());
-        dialog.search_input->setText(u"cat"_s);
-        QCOMPARE(trace_of([&] {
-                     dialog.find_next();
-                     dialog.replace_all();
-                     dialog.find_all_matches();
-                     dialog.close();
-                 }),
-                 QString());
-    }
+    SearchDialog dialog(area); // on the stack: the host's
+    dialog.show();
+    tabs.setCurrentIndex(1);
+    QVERIFY(!dialog.isVisible());
+    tabs.setCurrentIndex(0);
+    QVERIFY(dialog.isVisible());
+    tabs.setCurrentIndex(1);
+    dialog.close();
+    tabs.setCurrentIndex(0);
+    QVERIFY(!dialog.isVisible());
+    dialog.show();
+    delete area;
+    QVERIFY(!dialog.isVisible());
+    dialog.search_input->setText(u"cat"_s);
+    QCOMPARE(trace_of([&] {
+                 dialog.find_next();
+                 dialog.replace_all();
+                 dialog.find_all_matches();
+                 dialog.close();
+             }),
+             QString());
 }
 
 void TstSearch::does_not_cover_the_match()
