@@ -226,7 +226,7 @@ void TstRandomOperations::editor_and_search()
                  cursor.beginEditBlock();
                  for (int i = 0; i < 3; ++i) {
                      cursor.setPosition(position());
-                     cursor.insertText(any(words));
+                     random.bounded(2) ? cursor.insertText(any(words)) : cursor.deletePreviousChar();
                  }
                  cursor.endEditBlock();
              }},
