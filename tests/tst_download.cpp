@@ -54,11 +54,6 @@ qsizetype entries(const QString &directory)
     return QDir(directory).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size();
 }
 
-QProgressBar *bar_of(const DownloadDialog &dialog)
-{
-    return dialog.findChild<QProgressBar *>();
-}
-
 } // namespace
 
 class TstDownload : public QObject
@@ -80,7 +75,6 @@ private Q_SLOTS:
     void destroyed_during_a_redirect();
     void nothing_is_left_over();
 
-    void dialog_success();
     void dialog_exec_returns_at_the_outcome();
     void dialog_tool_tip();
     void dialog_failure_is_seen_for_ten_seconds();
@@ -452,22 +446,6 @@ void TstDownload::nothing_is_left_over()
     QVERIFY(entries(u"/proc/self/fd"_s) <= descriptors);
 }
 
-void TstDownload::dialog_success()
-{
-    DownloadDialog dialog(m_server.url("/drip"), target(), u"Fetching"_s);
-    QCOMPARE(dialog.styleSheet().size(), 393);
-    QCOMPARE(dialog.labelText(), u"Fetching");
-    QSignalSpy accepted(&dialog, &QDialog::accepted);
-    QSignalSpy progress(dialog.downloader.get(), &FileDownloader::progress_updated);
-    dialog.show();
-    QTRY_COMPARE(accepted.size(), 1);
-    QCOMPARE(progress.last()[0].toInt(), 100);
-    QVERIFY(!dialog.isVisible());
-    QCOMPARE(dialog.labelText(), u"Descarga completada");
-    QCOMPARE(content_of(target()), m_body);
-    QCOMPARE(standard_output_of([&] { dialog.close(); }), QString());
-}
-
 void TstDownload::dialog_exec_returns_at_the_outcome()
 {
     for (int i = 0; i < 20; ++i) {
@@ -476,10 +454,12 @@ void TstDownload::dialog_exec_returns_at_the_outcome()
         QSignalSpy ended(&dialog, &DownloadDialog::download_ended);
         QCOMPARE(dialog.exec(), int(QDialog::Accepted));
         QCOMPARE(dialog.outcome(), DownloadOutcome::Completed);
+        QCOMPARE(dialog.labelText(), u"Descarga completada");
         QCOMPARE(dialog.exec(), int(QDialog::Accepted));
         QTRY_COMPARE(ended.size(), 1);
         QVERIFY(dialog.error_text().isEmpty() && dialog.http_status() == 200);
         QCOMPARE(content_of(target()), m_body);
+        QCOMPARE(standard_output_of([&] { dialog.close(); }), QString());
     }
 
     DownloadDialog missing(m_server.url("/missing"), target(), u"Fetching"_s);
@@ -573,7 +553,7 @@ void TstDownload::dialog_cancel()
         QTRY_COMPARE(finished.size(), 1);
         QVERIFY(!QFile::exists(target()));
         Q_EMIT dialog.downloader->progress_updated(70); // one that was on its way
-        QVERIFY(!dialog.isVisible() && bar_of(dialog)->value() < 70);
+        QVERIFY(!dialog.isVisible() && dialog.findChild<QProgressBar *>()->value() < 70);
     }
 }
 
@@ -588,7 +568,7 @@ void TstDownload::dialog_destroyed_at_any_moment()
         // No event may run in here: the deletion would strike inside QProgressDialog.
         Q_EMIT dialog->downloader->progress_updated(1);
         Q_EMIT dialog->downloader->progress_updated(2);
-        QCOMPARE(bar_of(*dialog)->value(), 2);
+        QCOMPARE(dialog->findChild<QProgressBar *>()->value(), 2);
         QTRY_VERIFY(!dialog);
         if (QFile::exists(target()))
             QCOMPARE(content_of(target()), m_body);

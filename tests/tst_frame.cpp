@@ -20,7 +20,6 @@ private Q_SLOTS:
     void init() { test_support::fail_on_warnings(); }
     void application_directory();
     void question_answers();
-    void question_outlives_its_parent();
 };
 
 void TstFrame::application_directory()
@@ -57,14 +56,6 @@ void TstFrame::question_answers()
         QCOMPARE(my_msgboxes::confirm_warning_yes_no(&parent, u"Title"_s, u"Delete <b>A & B</b>?"_s), expected);
         QVERIFY(parent.findChildren<QDialog *>().isEmpty()); // the box does not stay behind, hidden
     }
-}
-
-void TstFrame::question_outlives_its_parent()
-{
-    auto *parent = new QWidget;
-    parent->show();
-    test_support::answer_next_dialog([parent](QDialog *) { delete parent; });
-    QCOMPARE(my_msgboxes::confirm_warning_yes_no(parent, u"Title"_s, u"Sure?"_s), QMessageBox::No);
 }
 
 MY_CLASSES_TEST_MAIN(TstFrame)

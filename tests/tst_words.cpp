@@ -210,9 +210,8 @@ void TstWords::editor_without_spelling_does_everything_else()
     QTest::keyClick(editor.text_edit, Qt::Key_F7);
     QSignalSpy added(&editor, &CustomTextEditor::word_added_to_dictionary);
     QSignalSpy done(&editor, &CustomTextEditor::check_spelling_done);
-    for (const auto operation :
-         {&CustomTextEditor::check_spelling, &CustomTextEditor::update_suggestions, &CustomTextEditor::correct_word,
-          &CustomTextEditor::add_word_to_dictionary, &CustomTextEditor::update_from_cursor})
+    for (const auto operation : {&CustomTextEditor::check_spelling, &CustomTextEditor::update_suggestions,
+                                 &CustomTextEditor::correct_word, &CustomTextEditor::add_word_to_dictionary})
         (editor.*operation)();
     editor.show_first_misspelled({u"wrod"_s});
     editor.add_to_dictionary(u"wrod"_s);
