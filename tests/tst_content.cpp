@@ -146,6 +146,16 @@ Printed print(const QList<const CustomTextEditor *> &editors, const QString &tit
     return printed;
 }
 
+class HostsPictures : public QObject, public QTextObjectInterface
+{
+    Q_OBJECT
+    Q_INTERFACES(QTextObjectInterface)
+
+public:
+    QSizeF intrinsicSize(QTextDocument *, int, const QTextFormat &) override { return {4, 4}; }
+    void drawObject(QPainter *, const QRectF &, QTextDocument *, int, const QTextFormat &) override {}
+};
+
 } // namespace
 
 class TstContent : public QObject
@@ -452,23 +462,24 @@ void TstContent::documents_are_left_as_found()
 {
     QTextDocument document;
     document.setHtml(picture(4, 4) + u"text"_s);
-    QAbstractTextDocumentLayout *layout = document.documentLayout();
-    QTextObjectInterface *handler = layout->handlerForObject(QTextFormat::ImageObject);
-    const qsizetype helpers = document.children().size() + layout->children().size();
+    HostsPictures handler;
+    document.documentLayout()->registerHandler(QTextFormat::ImageObject, &handler);
+    const auto handler_in_use = [&] { return document.documentLayout()->handlerForObject(QTextFormat::ImageObject); };
+    const auto helpers = [&] { return document.children().size() + document.documentLayout()->children().size(); };
+    const qsizetype helpers_before = helpers();
     CustomTextEditor editor(std::nullopt);
     const QPointer<QTextDocument> own = editor.text_edit->document();
     own->setParent(&editor);
     for (int i = 0; i < 20; ++i) {
         editor.text_edit->setDocument(&document);
-        QVERIFY(layout->handlerForObject(QTextFormat::ImageObject) != handler);
         auto second = std::make_unique<CustomTextEditor>(std::nullopt);
         second->text_edit->setDocument(&document);
         if (i % 2 == 0)
             second.reset();
         editor.text_edit->setDocument(own);
     }
-    QCOMPARE(layout->handlerForObject(QTextFormat::ImageObject), handler);
-    QCOMPARE(document.children().size() + layout->children().size(), helpers);
+    QVERIFY(handler_in_use() == &handler);
+    QCOMPARE(helpers(), helpers_before);
     QCOMPARE(editor.counts().words, 0);
 }
 

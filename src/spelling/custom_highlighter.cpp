@@ -34,7 +34,10 @@ CustomHighlighter::CustomHighlighter(QTextDocument *parent)
     setDocument(parent);
 }
 
-CustomHighlighter::~CustomHighlighter() = default;
+CustomHighlighter::~CustomHighlighter()
+{
+    disconnect(m_edits); // the base class takes its formats away, which is an edit
+}
 
 void CustomHighlighter::setMisspelled(const QSet<QString> &words)
 {
