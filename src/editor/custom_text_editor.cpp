@@ -164,13 +164,13 @@ void CustomTextEditor::attach_to_document()
     QTextDocument *document = text_edit->document();
     m_statistics = std::make_unique<DocumentStatistics>(document);
     connect(m_statistics.get(), &DocumentStatistics::corrected, this, &CustomTextEditor::count_words);
-    const auto show_pictures = [this, document] {
-        m_pictures.reset();
-        m_pictures = std::make_unique<PictureHandling>(document);
-    };
-    show_pictures();
-    // Handlers go with the layout. A child of what goes with the document before.
-    connect(document, &QTextDocument::documentLayoutChanged, m_statistics.get(), show_pictures);
+    m_pictures.reset();
+    m_pictures = std::make_unique<PictureHandling>(document);
+    // Handlers go with the layout, unless it is handed on. A child of what goes with the document before.
+    connect(document, &QTextDocument::documentLayoutChanged, m_statistics.get(), [this, document] {
+        if (!m_pictures->is_at_work())
+            m_pictures = std::make_unique<PictureHandling>(document);
+    });
     m_edit_state = std::make_unique<EditState>(document);
     connect(m_edit_state.get(), &EditState::modified_changed, this, &CustomTextEditor::modified_changed);
     m_typing_format = std::make_unique<TypingFormat>();

@@ -100,8 +100,8 @@ void EmbeddedPictures::forget_unused()
 
 void EmbeddedPictures::give_back()
 {
-    auto *layout = static_cast<QAbstractTextDocumentLayout *>(parent());
-    if (layout->handlerForObject(QTextFormat::ImageObject) != this)
+    auto *layout = qobject_cast<QAbstractTextDocumentLayout *>(parent());
+    if (!layout || layout->handlerForObject(QTextFormat::ImageObject) != this)
         return; // somebody came after
     layout->unregisterHandler(QTextFormat::ImageObject, this);
     if (m_found)

@@ -71,6 +71,9 @@ public:
     ~PictureHandling();
     Q_DISABLE_COPY_MOVE(PictureHandling)
 
+    /// False after the layout has gone, and has taken the handling along.
+    bool is_at_work() const { return !m_pictures.isNull(); }
+
 private:
     QPointer<EmbeddedPictures> m_pictures; // gone with the layout
 };

@@ -26,6 +26,12 @@ QSet<int> object_types(const QTextDocument *document)
     return types;
 }
 
+/// Each layout brings its own.
+bool is_qt_picture_handler(const QObject *handler)
+{
+    return qstrcmp(handler->metaObject()->className(), "QTextImageHandler") == 0;
+}
+
 QObject *handler_of(const QAbstractTextDocumentLayout *layout, int type)
 {
     return dynamic_cast<QObject *>(layout->handlerForObject(type));
@@ -39,11 +45,10 @@ ObjectHandlers::ObjectHandlers(QTextDocument *document)
     const QSet<int> types = object_types(document);
     for (const int type : types) {
         QObject *handler = handler_of(layout, type);
-        const bool goes_with_layout = handler && handler->parent() == layout;
-        if (!handler || (goes_with_layout && type == QTextFormat::ImageObject)) // the next layout has its own
+        if (!handler || is_qt_picture_handler(handler))
             continue;
         m_registered.append({type, handler});
-        if (goes_with_layout)
+        if (handler->parent() == layout)
             handler->setParent(&m_owner);
     }
 }
