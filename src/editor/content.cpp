@@ -43,9 +43,8 @@ void CustomTextEditor::load(const QString &content, void (QTextEdit::*as)(const 
     // changes. Taken away before the text area tells of the text, that goes for one change.
     QTextDocument *document = text_edit->document();
     const QFont font = unzoomed_font();
-    bool is_done = false;
     const QObject meanwhile;
-    connect(document, &QTextDocument::contentsChanged, &meanwhile, [&is_done, document, font] {
+    connect(document, &QTextDocument::contentsChanged, &meanwhile, [is_done = false, document, font]() mutable {
         if (is_done || document->isEmpty()) // cleared first
             return;
         is_done = true;

@@ -23,7 +23,7 @@ class DocumentLayout : public QAbstractTextDocumentLayout
 {
     Q_OBJECT
     Q_PROPERTY(int cursorWidth MEMBER m_cursor_width)       // QTextEdit knows it by this name
-    Q_PROPERTY(bool contentHasAlignment READ has_alignment) // and this one
+    Q_PROPERTY(bool contentHasAlignment READ has_alignment) // and this one, clazy:exclude=qproperty-without-notify
 
 public:
     explicit DocumentLayout(QTextDocument *document);
