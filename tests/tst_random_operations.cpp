@@ -162,7 +162,8 @@ void TstRandomOperations::editor_and_search()
     const auto any = [&random](const QStringList &list) { return list[random.bounded(list.size())]; };
     const QStringList words =
         u"teh cat|wrod. |A house! |don't|\u00e9t\u00e9 |\U0001f600|\u05e9\u05dc\u05d5\u05dd |x|\xd83d|\xde00|...|a\u2028b! "_s
-            .split(u'|');
+            .split(u'|')
+        << u"p. \n"_s.repeated(70); // more paragraphs than the first room for their counts
     const QStringList html = {
         u"<p align=center>One <b>bold</b> wrod</p>"_s,
         u"<ul><li>a<li>b</ul><p>c"_s,
