@@ -75,7 +75,7 @@ void Autosave::take_sections()
 
 void Autosave::take_next_section()
 {
-    if (!m_tabs->is_modified())
+    if (!m_tabs->is_modified() || !m_since_first_change.isValid()) // saved or given up meanwhile
         return;
     if (!m_to_take.isEmpty()) {
         if (const QPointer<SectionPage> page = m_to_take.takeFirst())
@@ -91,6 +91,8 @@ void Autosave::take_next_section()
 void Autosave::stop()
 {
     m_timer.stop();
+    m_to_take.clear();
+    m_since_first_change.invalidate();
     m_file->remove();
     Q_EMIT problem_changed({});
 }

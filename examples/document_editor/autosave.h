@@ -43,7 +43,7 @@ private:
     QString m_origin;
     QList<QPointer<SectionPage>> m_to_take; // in this round; what changes meanwhile is for the next one
     QTimer m_timer;
-    QElapsedTimer m_since_first_change; // of those that are not in the file
+    QElapsedTimer m_since_first_change; // of those that are not in the file; invalid: there are none
     QElapsedTimer m_since_last_change;
 };
 

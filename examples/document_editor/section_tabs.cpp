@@ -27,8 +27,10 @@ SectionTabs::SectionTabs(QWidget *parent)
 QList<SectionPage *> SectionTabs::pages() const
 {
     QList<SectionPage *> pages;
-    for (int i = 0; i < count(); ++i)
-        pages.append(static_cast<SectionPage *>(widget(i)));
+    for (int i = 0; i < count(); ++i) {
+        if (auto *page = static_cast<SectionPage *>(widget(i))) // none while a tab is being removed
+            pages.append(page);
+    }
     return pages;
 }
 
@@ -109,6 +111,7 @@ void SectionTabs::set_document(const Document &document, bool modified)
         append(section);
     if (document.sections.isEmpty())
         append({{}, Preferences::instance().language(), {}});
+    setCurrentIndex(int(old.size())); // lest a page is shown, and loaded, in the middle of a removal
     for (SectionPage *page : old)
         delete page;
     for (int i = 0; i < document.sections.size(); ++i) // old ones may have had their titles

@@ -1,11 +1,15 @@
 // SPDX-FileCopyrightText: 2026 the my_classes authors
 // SPDX-License-Identifier: MIT
 
+#include "answers.h"
 #include "desktop.h"
 
+#include "autosave.h"
 #include "document_file.h"
 #include "files.h"
 #include "recovery_file.h"
+#include "section_page.h"
+#include "section_tabs.h"
 #include "window.h"
 
 #include "support/http_server.h"
@@ -16,6 +20,7 @@
 #include <QtGui/QTextDocument>
 #include <QtTest/QSignalSpy>
 #include <QtWidgets/QMenuBar>
+#include <QtWidgets/QToolButton>
 
 using namespace Qt::StringLiterals;
 using namespace document_editor;
@@ -31,6 +36,9 @@ private Q_SLOTS:
     void init() { test_support::fail_on_warnings(); }
 
     void a_report();
+    void opens_and_reloads();
+    void closes_before_the_next_is_loaded();
+    void discarded_document_stays_away();
     void recovered_document_keeps_its_copy();
     void kills();
     void keys_are_unambiguous();
@@ -40,6 +48,7 @@ private:
     QString recovery_directory() const { return m_home.path() + "/data/my_classes/document_editor/recovery"_L1; }
     std::optional<Document> recovery() const;
     std::unique_ptr<QProcess> start(const QStringList &arguments = {}) const;
+    QString two_sections() const;
     void write_report(const HttpServer &server);
     void arrange_sections();
 
@@ -192,6 +201,77 @@ void TstDocumentEditor::a_report()
     QCOMPARE(program->exitCode(), 0);
     QCOMPARE(program->readAllStandardError(), QByteArray());
     QVERIFY(!recovery());
+}
+
+QString TstDocumentEditor::two_sections() const
+{
+    const QString path = m_directory.filePath(u"two.html"_s);
+    write_file(path, to_bytes({{{u"One"_s, {}, u"<p>first</p>"_s}, {u"Two"_s, {}, u"<p>second</p>"_s}}, {}}));
+    return path;
+}
+
+void TstDocumentEditor::opens_and_reloads()
+{
+    const QString path = two_sections();
+    const QPointer<Window> window = new Window;
+    window->show();
+    window->open(path);
+    auto *tabs = window->findChild<SectionTabs *>();
+    QCOMPARE(titles_of(tabs->document()), QStringList({u"One"_s, u"Two"_s}));
+    QVERIFY(!window->isWindowModified());
+
+    QVERIFY(QTest::qWaitForWindowActive(window));
+    Answers answers({u"Yes"_s});
+    write_file(path, to_bytes({{{u"New"_s, {}, u"<p>third</p>"_s}, {u"Two"_s, {}, u"<p>second</p>"_s}}, {}}));
+    QTRY_COMPARE(titles_of(tabs->document()), QStringList({u"New"_s, u"Two"_s}));
+    QVERIFY(answers.asked().contains("another program"_L1));
+    QCOMPARE(tabs->current_page()->editor->text_edit->toPlainText(), u"third"_s);
+    window->close(); // asks nothing
+    QTRY_VERIFY(!window);
+}
+
+void TstDocumentEditor::closes_before_the_next_is_loaded()
+{
+    const QPointer<Window> window = new Window;
+    window->show();
+    window->open(two_sections());
+    const auto buttons = window->findChildren<QToolButton *>();
+    for (QToolButton *button : buttons) {
+        if (button->text() == "Stop"_L1)
+            button->click();
+    }
+    auto *tabs = window->findChild<SectionTabs *>();
+    Answers answers({u"Yes"_s, u"Discard"_s});
+    tabs->closeTab(0);
+    QCOMPARE(titles_of(tabs->document()), QStringList(u"Two"_s));
+    QCOMPARE(tabs->current_page()->editor->text_edit->toPlainText(), u"second"_s);
+    window->close();
+    QTRY_VERIFY(!window);
+}
+
+/// Given up while the sections are being asked for their content.
+void TstDocumentEditor::discarded_document_stays_away()
+{
+    SectionTabs tabs;
+    tabs.set_document({});
+    auto file = std::make_unique<RecoveryFile>();
+    const QString copy = file->path();
+    Autosave autosave(&tabs, std::move(file), nullptr);
+    for (int i = 0; i < 3; ++i)
+        tabs.add_section({u"Given up"_s, {}, u"<p>not wanted</p>"_s});
+    const QList<SectionPage *> pages = tabs.pages().mid(1);
+    QTimer looking;
+    connect(&looking, &QTimer::timeout, &autosave, [&] {
+        if (!pages.first()->has_changed_since_snapshot()) {
+            autosave.stop();
+            looking.stop();
+        }
+    });
+    looking.start(0);
+    QTRY_VERIFY(!looking.isActive());
+    QVERIFY(pages.last()->has_changed_since_snapshot()); // it was in the middle
+    QTest::qWait(500);
+    QVERIFY(!QFile::exists(copy));
 }
 
 void TstDocumentEditor::recovered_document_keeps_its_copy()

@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 the my_classes authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QtCore/QPointer>
+#include <QtCore/QTimer>
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QDialog>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMessageBox>
+
+/// Answers the modal windows that come, one after the other: a box by the text of a button, a file dialog by a path.
+class Answers : public QObject
+{
+public:
+    explicit Answers(const QStringList &answers)
+        : m_left(answers)
+    {
+        connect(&m_timer, &QTimer::timeout, this, &Answers::give_next);
+        m_timer.start(20);
+    }
+
+    bool all_given() const { return m_left.isEmpty(); }
+    /// The texts of the boxes.
+    QString asked() const { return m_asked.join(u'|'); }
+
+private:
+    void give_next()
+    {
+        QWidget *dialog = QApplication::activeModalWidget();
+        if (!dialog || dialog == m_last || m_left.isEmpty())
+            return;
+        m_last = dialog;
+        const QString answer = m_left.takeFirst();
+        if (auto *box = qobject_cast<QMessageBox *>(dialog)) {
+            m_asked.append(box->text());
+            press(box, answer);
+        } else {
+            dialog->findChild<QLineEdit *>()->setText(answer);
+            QMetaObject::invokeMethod(static_cast<QDialog *>(dialog), &QDialog::accept, Qt::QueuedConnection);
+        }
+    }
+
+    static void press(const QMessageBox *box, const QString &text)
+    {
+        const auto buttons = box->buttons();
+        for (QAbstractButton *button : buttons) {
+            if (button->text().remove(u'&') == text)
+                QMetaObject::invokeMethod(button, &QAbstractButton::click, Qt::QueuedConnection);
+        }
+    }
+
+    QStringList m_left;
+    QStringList m_asked;
+    QPointer<QWidget> m_last;
+    QTimer m_timer;
+};
