@@ -8,6 +8,7 @@
 #include <my_classes/main_window.h>
 
 #include <QtCore/QMimeData>
+#include <QtCore/QRandomGenerator>
 #include <QtGui/QAction>
 #include <QtGui/QClipboard>
 #include <QtGui/QTextBlock>
@@ -66,6 +67,23 @@ void select(CustomTextEditor &editor, int anchor, int position = -1)
     editor.text_edit->setTextCursor(cursor);
 }
 
+/// What the statistics line has to say, counted from scratch.
+QString recount(const CustomTextEditor &editor)
+{
+    const QString selected = editor.text_edit->textCursor().selectedText();
+    const QString text = selected.isEmpty() ? editor.text_edit->toPlainText() : selected;
+    const QLocale english(QLocale::English, QLocale::UnitedStates);
+    const qsizetype words = text.simplified().split(u' ', Qt::SkipEmptyParts).size();
+    qsizetype sentences = 0;
+    for (const QString &piece : QString(text).replace(u'!', u'.').replace(u'?', u'.').split(u'.'))
+        sentences += piece.trimmed().isEmpty() ? 0 : 1;
+    if (words == 0)
+        return {};
+    return u"Lang: EN | %1%2 sentences | %3 words | %4 characters"_s.arg(
+        selected.isEmpty() ? QString() : u"Selected: "_s, english.toString(sentences), english.toString(words),
+        english.toString(text.toUcs4().size()));
+}
+
 } // namespace
 
 class TstEditor : public QObject
@@ -79,6 +97,7 @@ private Q_SLOTS:
     void two_editors_by_keyboard_and_mouse();
     void zoom_by_buttons_host_and_wheel();
     void zoom_does_not_leave_the_editor();
+    void statistics_follow_every_edit();
     void formatting_takes_the_word();
     void formatting_merges_and_clears();
     void insertions_are_one_step();
@@ -232,6 +251,72 @@ void TstEditor::zoom_does_not_leave_the_editor()
             QCOMPARE(QFontInfo(editor.text_edit->font()).pixelSize(), height);
             QCOMPARE(editor.get_html_content(), before);
         }
+    }
+}
+
+void TstEditor::statistics_follow_every_edit()
+{
+    const QString separated =
+        u"w| two words. |A! B?|...|\u00a0|a\u2028b|c\u2029d|x\ny\n\nz|\U0001F600|\xd83d|\xde00|\0|\ufdd0"_s;
+    const QStringList pieces = separated.split(u'|') << u"p. \n"_s.repeated(70);
+    const QStringList fragments{u"<p>one <b>bold</b></p><p>two. three</p><hr>"_s, k_table, k_picture,
+                                u"<ul><li>item</li><li>item. x</li></ul>"_s};
+    const QStringList keys =
+        u"Backspace Ctrl+Del Return Shift+Up Ctrl+Z Ctrl+Z Ctrl+Shift+Z Ctrl+X Ctrl+V A . Space"_s.split(u' ');
+    CustomTextEditor editor(std::nullopt);
+    show_active(editor);
+    QTextEdit *text_edit = editor.text_edit;
+    QRandomGenerator random;
+    const auto any_of = [&random](const auto &list) { return list[random.bounded(int(list.size()))]; };
+    const auto any_position = [&] { return random.bounded(text_edit->document()->characterCount()); };
+    const QList<std::function<void()>> edits{
+        [&] { QTest::keySequence(text_edit, any_of(keys)); },
+        [&] { QTest::keySequence(text_edit, any_of(keys)); },
+        [&] { text_edit->insertPlainText(any_of(pieces)); },
+        [&] { text_edit->insertHtml(any_of(fragments)); },
+        [&] { editor.insert_after_selection(any_of(fragments)); },
+        [&] { editor.replace_selected_text(random.bounded(2) ? any_of(fragments) : QString()); },
+        [&] { editor.insert_numbered_list(); },
+        [&] { editor.clear_formatting(); },
+        [&] { text_edit->textCursor().insertTable(1 + random.bounded(3), 1 + random.bounded(3)); },
+        [&] { select(editor, any_position()); },
+        [&] { select(editor, any_position(), any_position()); },
+        [&] {
+            QTextCursor cursor(text_edit->document());
+            cursor.beginEditBlock();
+            for (int i = 0; i < 3; ++i) {
+                cursor.setPosition(any_position());
+                random.bounded(2) ? cursor.insertText(any_of(pieces)) : cursor.deletePreviousChar();
+            }
+            cursor.endEditBlock();
+        },
+    };
+    const QList<std::function<void(QTextTable *)>> table_edits{
+        [](QTextTable *table) { table->insertRows(0, 2); },
+        [&](QTextTable *table) {
+            select(editor, table->firstPosition()); // QTextCursor::selectedText() crashes on it otherwise
+            table->removeColumns(0, 1);
+        },
+        [](QTextTable *table) { table->mergeCells(0, 0, table->rows(), 1); },
+        [&](QTextTable *table) {
+            const auto last = table->cellAt(random.bounded(table->rows()), random.bounded(table->columns()));
+            select(editor, table->cellAt(0, 0).firstPosition(), last.lastPosition());
+        },
+    };
+    editor.set_text_content(u"a b! \U0001F600 "_s.repeated(500));
+    QCOMPARE(editor.word_count_label->text(), u"Lang: EN | 501 sentences | 1,500 words | 3,500 characters"_s);
+    select(editor, 0, 4);
+    QCOMPARE(editor.word_count_label->text(), u"Lang: EN | Selected: 1 sentences | 2 words | 4 characters"_s);
+    for (int i = 0; i < 2000; ++i) {
+        if (text_edit->document()->characterCount() > 2000 || random.bounded(100) == 0)
+            random.bounded(2) ? editor.set_html_content(any_of(fragments)) : text_edit->setPlainText(any_of(pieces));
+        if (QTextTable *table = text_edit->textCursor().currentTable(); table && random.bounded(3) == 0)
+            any_of(table_edits)(table);
+        else
+            any_of(edits)();
+        QCoreApplication::processEvents();
+        const QString shown = editor.word_count_label->text();
+        QVERIFY2(shown == recount(editor), qPrintable(u"step %1: %2"_s.arg(QString::number(i), shown)));
     }
 }
 
