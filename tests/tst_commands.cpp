@@ -6,6 +6,8 @@
 #include <my_classes/custom_tab.h>
 #include <my_classes/custom_text_editor.h>
 #include <my_classes/diagnostic_output.h>
+#include <my_classes/download_dialog.h>
+#include <my_classes/main_window.h>
 #include <my_classes/table_dimension_input_dialog.h>
 
 #include <QtCore/QMimeData>
@@ -204,6 +206,17 @@ void TstCommands::rows_and_columns()
     QVERIFY(!editor.action(EditorCommand::InsertRowBelow)->isEnabled());
     editor.insert_row_below();
     QCOMPARE(editor.get_html_content(), before);
+
+    // The table goes where the command moves the cursor.
+    for (const bool row : {false, true}) {
+        editor.set_text_content({});
+        QVERIFY(editor.insert_table_of_size(2, 2));
+        select(editor, at(0, 0), at(1, 1));
+        connect(editor.text_edit, &QTextEdit::cursorPositionChanged, document, &QTextDocument::clear,
+                Qt::SingleShotConnection);
+        row ? editor.insert_row_below() : editor.remove_columns();
+        QVERIFY(document->isEmpty() && !table());
+    }
 }
 
 void TstCommands::tables_and_pictures_without_dialogs()
@@ -360,6 +373,10 @@ void TstCommands::a_new_language_is_shown()
     CustomTextEditor editor({});
     const my_classes::TableDimensionInputDialog table;
     const my_classes::SearchDialog search(editor.text_edit);
+    const my_classes::MainWindow window;
+    const my_classes::DownloadDialog download(u"none:"_s, {}, {});
+    my_classes::DownloadDialog named(u"none:"_s, {}, {});
+    named.setWindowTitle(u"The host's"_s);
     const Brackets brackets;
     QCoreApplication::installTranslator(const_cast<Brackets *>(&brackets));
     QCoreApplication::sendPostedEvents();
@@ -368,6 +385,10 @@ void TstCommands::a_new_language_is_shown()
     QCOMPARE(editor.text_edit->accessibleName(), u"<Document>"_s);
     QCOMPARE(table.windowTitle() + table.ok_button->text(), u"<Table Dimensión><Ok>"_s);
     QCOMPARE(search.windowTitle() + search.next_button->text(), u"<Find and Replace><Find Next>"_s);
+    QCOMPARE(window.windowTitle(), u"<MainWindow with CustomTextEditor>"_s);
+    QCOMPARE(download.windowTitle(), u"<Download File>"_s);
+    QVERIFY(download.findChild<QPushButton *>()->text().startsWith(u"<C"_s)); // Cancel, or Close
+    QCOMPARE(named.windowTitle(), u"The host's"_s);
     QCoreApplication::removeTranslator(const_cast<Brackets *>(&brackets));
     QCoreApplication::sendPostedEvents();
     QCOMPARE(editor.action(EditorCommand::RemoveRows)->text(), u"Remove Rows"_s);

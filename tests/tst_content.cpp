@@ -15,6 +15,7 @@
 #include <QtTest/QSignalSpy>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
 
 using namespace Qt::StringLiterals;
 using my_classes::CustomTextEditor;
@@ -174,6 +175,7 @@ private Q_SLOTS:
     void commands_respect_read_only();
     void statistics_notice_everything();
     void documents_are_left_as_found();
+    void deleted_in_slots();
     void prints_in_pages();
     void prints_pictures_within_the_page();
 };
@@ -277,13 +279,18 @@ void TstContent::formats_are_one_step_and_end()
                                          {u"B one Space B two B x"_s, u"[one ][twox]"_s},
                                          {u"one Space B Backspace Backspace B x"_s, u"[onx]"_s},
                                          {u"B U one B x"_s, u"[one]x"_s},
-                                         {u"B one U x B y"_s, u"[onex]y"_s}}) {
+                                         {u"B one U x B y"_s, u"[onex]y"_s},
+                                         {u"B on ´e B x"_s, u"[oné]x"_s}}) { // by input method
         CustomTextEditor other(std::nullopt);
         const QStringList all = keys.split(u' ');
         for (const QString &key : all) {
             if (key == u"B" || key == u"U")
                 (key == u"B" ? other.bold_action : other.underline_action)->trigger();
-            else if (key.isLower())
+            else if (key.startsWith(u'´')) {
+                QInputMethodEvent composed;
+                composed.setCommitString(u"é"_s);
+                QCoreApplication::sendEvent(other.text_edit, &composed);
+            } else if (key.isLower())
                 QTest::keyClicks(other.text_edit, key);
             else
                 QTest::keySequence(other.text_edit, key);
@@ -339,6 +346,20 @@ void TstContent::modified_by_edits_only()
     editor.set_modified(true);
     text_edit->undo();
     QVERIFY(editor.is_modified());
+    // Edits that are no undo steps.
+    const QList<std::function<void()>> edits{[&] {
+                                                 text_edit->setUndoRedoEnabled(false);
+                                                 QTest::keyClicks(text_edit, u"x"_s);
+                                                 text_edit->setUndoRedoEnabled(true);
+                                             },
+                                             [&] { text_edit->document()->setHtml(u"other"_s); },
+                                             [&] { text_edit->document()->setModified(true); }};
+    for (const auto &edit : edits) {
+        editor.set_text_content(u"new"_s);
+        QVERIFY(!editor.is_modified());
+        edit();
+        QVERIFY(editor.is_modified());
+    }
     editor.set_text_content(u"new"_s);
     QVERIFY(!editor.is_modified());
     QVERIFY(told.size() % 2 == 0 && told.constLast().constFirst().toBool() == false);
@@ -392,7 +413,18 @@ void TstContent::commands_respect_read_only()
     editor.insert_after_selection(u"x"_s);
     editor.replace_selected_text({});
     editor.paste_plain_text();
+    SearchDialog search(editor.text_edit);
+    search.search_input->setText(u"two"_s);
+    search.find_next();
+    QVERIFY(!search.replace_button->isEnabled() && !search.replace_all_button->isEnabled());
+    search.replace();
+    search.replace_all();
+    search.find_all_matches();
+    QCOMPARE(search.search_results, QList<int>{5});
+    search.clear_highlight();
+    editor.clear_highlights();
     QCOMPARE(editor.get_html_content(), before);
+    editor.text_edit->selectAll();
     editor.set_read_only(false);
     for (const auto command : {EditorCommand::Bold, EditorCommand::Undo, EditorCommand::ClearFormatting})
         QVERIFY(editor.action(command)->isEnabled());
@@ -481,6 +513,18 @@ void TstContent::documents_are_left_as_found()
     QVERIFY(handler_in_use() == &handler);
     QCOMPARE(helpers(), helpers_before);
     QCOMPARE(editor.counts().words, 0);
+}
+
+void TstContent::deleted_in_slots()
+{
+    for (const bool locks : {false, true}) {
+        const QPointer<CustomTextEditor> editor = new CustomTextEditor(std::nullopt);
+        const auto die = [editor] { delete editor.data(); };
+        connect(editor, &CustomTextEditor::modified_changed, this, die);
+        connect(editor, &CustomTextEditor::read_only_changed, this, die);
+        locks ? editor->set_read_only(true) : editor->set_modified(true);
+        QVERIFY(!editor);
+    }
 }
 
 void TstContent::prints_in_pages()

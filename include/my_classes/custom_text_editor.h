@@ -291,7 +291,7 @@ public:
     /// The checker of `lang`; null without spelling. A checker assigned here is used from then on, but neither the
     /// label nor `lang` follow: use set_lang().
     std::unique_ptr<my_spellchecker::MySpellChecker> spellchecker;
-    /// Underlines the misspelled words; owned by the document of the text area.
+    /// Underlines the misspelled words; owned by the editor. It follows a document that the host replaces.
     CustomHighlighter *highlighter = nullptr;
     /// Shows zoom_percent.
     QLabel *zoom_label = nullptr;

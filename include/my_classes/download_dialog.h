@@ -60,11 +60,14 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
+    void set_texts();
     void show_progress(int percent);
     void settle(DownloadOutcome outcome);
     void show_failure();
     void wait_for_outcome();
 
+    QString m_title;
+    QString m_button_text;
     DownloadOutcome m_outcome = DownloadOutcome::Pending;
     bool m_cancelled = false;
     bool m_is_executing = false;

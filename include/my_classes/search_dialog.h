@@ -47,7 +47,6 @@ public:
 
     /// Builds the widgets; called once, by the constructor.
     void init_ui();
-    void set_texts(QLabel *find_label, QLabel *replace_label);
 
     // Whole words. The search text is a regular expression between two word boundaries.
 
@@ -64,9 +63,10 @@ public:
 
     /// Marks every occurrence yellow (the letters on it are shown dark, which is no part of the document), fills
     /// search_results, and moves the cursor one position before the first; an occurrence at the very start moves
-    /// nothing. Says so in a message box if there is none. An empty search text does nothing.
+    /// nothing. Says so in a message box if there is none. An empty search text does nothing. A read-only text is not
+    /// marked.
     void find_all_matches();
-    /// Takes the background colour off the whole document and forgets the results.
+    /// Takes the background colour off the whole document, unless that is read-only, and forgets the results.
     void clear_highlight();
     /// Does nothing: `matches` is no list of cursors. Kept for hosts that call it.
     void highlight_match();
@@ -80,7 +80,7 @@ public:
     /// Steps current_search_index back, around the number of results, and navigates to that index as a position.
     void previous_match();
 
-    // Replacing.
+    // Replacing. A read-only text stays as it is.
 
     /// Replaces the text area's selection, whatever selected it, and searches from the top. Does nothing without one.
     void replace();
@@ -101,9 +101,10 @@ public:
     QLineEdit *search_input = nullptr;
     /// What to put in its place.
     QLineEdit *replace_input = nullptr;
-    QPushButton *next_button = nullptr;        ///< find_next()
-    QPushButton *replace_button = nullptr;     ///< replace(); disabled before the first match
-    QPushButton *replace_all_button = nullptr; ///< replace_all(); disabled before the first match
+    QPushButton *next_button = nullptr;    ///< find_next()
+    QPushButton *replace_button = nullptr; ///< replace(); disabled before the first match and in a read-only text
+    QPushButton *replace_all_button =
+        nullptr; ///< replace_all(); disabled before the first match and in a read-only text
     /// The search of find_next(); nothing means that the next one starts at the top.
     std::optional<QRegularExpressionMatchIterator> matches;
     /// Where find_next() goes on in a text that was replaced meanwhile.
@@ -121,6 +122,7 @@ protected:
 private:
     friend class ReplaceRun;
 
+    void set_texts(QLabel *find_label, QLabel *replace_label);
     void on_return_pressed();
     void on_editor_destroyed();
     void stay_on_top_of_editor();

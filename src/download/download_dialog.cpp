@@ -3,6 +3,7 @@
 
 #include "download/wrapping_label.h"
 #include "frame/diagnostics.h"
+#include "frame/retranslation.h"
 
 #include <my_classes/download_dialog.h>
 #include <my_classes/file_downloader.h>
@@ -47,14 +48,13 @@ DownloadDialog::DownloadDialog(const QString &url, const QString &file_path, con
     , downloader(std::make_unique<FileDownloader>(url, file_path))
 {
     setLabel(new WrappingLabel);
-    setWindowTitle(tr("Download File"));
     setFixedSize(300, 150);
     setModal(true);
     setStyleSheet(k_bar_style);
     setLabelText(msg);
-    setCancelButtonText(tr("Cancel"));
+    setCancelButtonText(m_button_text = tr("Cancel"));
     setRange(0, 100);
-    findChild<QProgressBar *>()->setAccessibleName(tr("Download progress"));
+    new Retranslation(this, [this] { set_texts(); });
 
     connect(downloader.get(), &FileDownloader::progress_updated, this, &DownloadDialog::show_progress);
     connect(downloader.get(), &FileDownloader::download_finished, this, &DownloadDialog::on_download_finished);
@@ -65,6 +65,16 @@ DownloadDialog::DownloadDialog(const QString &url, const QString &file_path, con
 }
 
 DownloadDialog::~DownloadDialog() = default;
+
+/// What a host has set instead stays.
+void DownloadDialog::set_texts()
+{
+    if (windowTitle() == m_title)
+        setWindowTitle(m_title = tr("Download File"));
+    if (auto *button = findChild<QPushButton *>(); button && button->text() == m_button_text)
+        button->setText(m_button_text = m_outcome == DownloadOutcome::Pending ? tr("Cancel") : tr("Close"));
+    findChild<QProgressBar *>()->setAccessibleName(tr("Download progress"));
+}
 
 DownloadOutcome DownloadDialog::outcome() const
 {
@@ -140,7 +150,7 @@ void DownloadDialog::settle(DownloadOutcome outcome)
     disconnect(this, &QProgressDialog::canceled, downloader.get(), nullptr);
     if (auto *button = findChild<QPushButton *>()) {
         button->disconnect(this);
-        button->setText(tr("Close"));
+        button->setText(m_button_text = tr("Close"));
         connect(button, &QPushButton::clicked, this, &QWidget::close);
     }
     for (auto *shortcut : findChildren<QShortcut *>(QString(), Qt::FindDirectChildrenOnly)) {

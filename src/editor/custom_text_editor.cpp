@@ -109,8 +109,10 @@ void CustomTextEditor::create_text_area(QBoxLayout *column)
     connect(text_edit, &QTextEdit::selectionChanged, this, &CustomTextEditor::selection_changed);
     connect(text_edit, &QTextEdit::cursorPositionChanged, this, &CustomTextEditor::follow_undo);
     const auto follow = [this] {
+        const QPointer<CustomTextEditor> here(this);
         follow_lost_selection();
-        update_format_buttons();
+        if (here)
+            update_format_buttons();
     };
     connect(text_edit, &QTextEdit::textChanged, this, follow, Qt::QueuedConnection);
     column->addWidget(text_edit);

@@ -27,8 +27,10 @@ void EditState::set_modified(bool modified)
         return;
     if (modified)
         m_saved = -1;
+    const QPointer<EditState> here(this); // who hears of it may delete the editor
     m_document->setModified(modified);
-    follow();
+    if (here)
+        follow();
 }
 
 void EditState::note_new_steps()
@@ -72,7 +74,7 @@ bool EditState::only_marks_since_saved() const
     int marked = 0;
     for (const Steps &marks : m_marks)
         marked += std::max(0, std::min(marks.end, end) - std::max(marks.first, first));
-    return marked == end - first;
+    return first < end && marked == end - first; // an edit without any step is no mark
 }
 
 } // namespace my_classes

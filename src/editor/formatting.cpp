@@ -243,8 +243,9 @@ void CustomTextEditor::follow_undo()
 // The text area would not notice either that the same is selected again.
 void CustomTextEditor::follow_lost_selection()
 {
+    const QPointer<CustomTextEditor> here(this);
     follow_undo();
-    if (!m_lost_selection)
+    if (!here || !m_lost_selection)
         return;
     m_lost_selection = false;
     text_edit->setTextCursor(text_edit->textCursor());

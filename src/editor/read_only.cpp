@@ -4,6 +4,7 @@
 #include <my_classes/custom_text_editor.h>
 
 #include <QtCore/QEvent>
+#include <QtCore/QPointer>
 #include <QtGui/QAction>
 #include <QtWidgets/QLabel>
 
@@ -27,9 +28,11 @@ public:
 
     bool eventFilter(QObject *, QEvent *event) override
     {
-        if (event->type() == QEvent::ReadOnlyChange || event->type() == QEvent::LanguageChange)
-            m_changed();
-        return false;
+        if (event->type() != QEvent::ReadOnlyChange && event->type() != QEvent::LanguageChange)
+            return false;
+        const QPointer<ReadOnlyWatch> here(this);
+        m_changed();
+        return !here; // nothing goes on in a deleted text area
     }
 
 private:
@@ -59,9 +62,11 @@ QLabel *CustomTextEditor::create_read_only_label()
         const bool read_only = is_read_only();
         if (read_only != label->isHidden())
             return;
+        const QPointer<CustomTextEditor> here(this);
         label->setVisible(read_only);
         enable_writing(!read_only);
-        Q_EMIT read_only_changed(read_only);
+        if (here)
+            Q_EMIT read_only_changed(read_only);
     });
     return label;
 }

@@ -3,6 +3,7 @@
 
 #include "editor/table_cells.h"
 
+#include <QtCore/QPointer>
 #include <QtGui/QTextTable>
 #include <QtWidgets/QTextEdit>
 
@@ -20,6 +21,11 @@ CellRange cells_at(const QTextCursor &cursor, const QTextTable *table)
         cells = {cell.row(), cell.column(), cell.rowSpan(), cell.columnSpan()};
     }
     return cells;
+}
+
+bool has_cells(const QTextTable *table, const CellRange &cells)
+{
+    return cells.row + cells.rows <= table->rows() && cells.column + cells.columns <= table->columns();
 }
 
 void dress_like(QTextTableCell cell, const QTextTableCell &model)
@@ -49,8 +55,10 @@ bool enter(QTextEdit *text_edit, const QTextTableCell &cell)
 {
     if (!cell.isValid())
         return false;
+    const QPointer<QTextEdit> here(text_edit);
     text_edit->setTextCursor(cell.firstCursorPosition());
-    text_edit->ensureCursorVisible();
+    if (here)
+        text_edit->ensureCursorVisible();
     return true;
 }
 
@@ -65,11 +73,16 @@ void change_table(QTextEdit *text_edit, const std::function<void(QTextTable *, c
     const CellRange cells = cells_at(cursor, table);
     // Qt does not survive a selection of cells that go.
     cursor.setPosition(table->cellAt(cells.row, cells.column).firstPosition());
-    text_edit->setTextCursor(cursor);
+    const QPointer<QTextEdit> here(text_edit);
+    const QPointer<QTextTable> still_there(table);
+    text_edit->setTextCursor(cursor); // who hears of it may do anything
+    if (!here || !still_there || text_edit->isReadOnly() || !has_cells(table, cells))
+        return;
     cursor.beginEditBlock();
     change(table, cells);
     cursor.endEditBlock();
-    text_edit->ensureCursorVisible();
+    if (here)
+        text_edit->ensureCursorVisible();
 }
 
 void insert_rows(QTextTable *table, int row, int model)
@@ -105,7 +118,11 @@ bool move_to_next_cell(QTextEdit *text_edit)
     if (enter(text_edit, cell_from(table, after, 1)))
         return true;
     const int last = table->rows() - 1;
+    const QPointer<QTextEdit> here(text_edit);
+    const QPointer<QTextTable> still_there(table);
     change_table(text_edit, [last](QTextTable *changed, const CellRange &) { insert_rows(changed, last + 1, last); });
+    if (!here || !still_there)
+        return true;
     return enter(text_edit, cell_from(table, (last + 1) * table->columns(), 1));
 }
 

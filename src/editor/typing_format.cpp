@@ -46,6 +46,8 @@ void TypingFormat::set(const QTextCursor &caret, const QTextCharFormat &format)
 
 bool TypingFormat::is_ended(const QTextCursor &caret, const QTextCursor &word, const QTextCharFormat &format)
 {
+    if (m_has_typed) // input methods tell of the caret before the text
+        note_caret(caret);
     const QSet<int> properties = properties_of(format, false);
     if (caret.position() != m_caret || word.selectionStart() < m_start.position() ||
         !m_switched_on.contains(properties))

@@ -67,6 +67,15 @@ QList<int> find_and_mark(QTextDocument *document, const QString &wanted)
     return found;
 }
 
+QList<int> find_only(const QTextDocument *document, const QString &wanted)
+{
+    QList<int> found;
+    QTextCursor cursor = document->find(wanted);
+    for (; !cursor.isNull(); cursor = document->find(wanted, cursor))
+        found.append(cursor.position() - int(wanted.size()));
+    return found;
+}
+
 QString number_list(const QList<int> &numbers)
 {
     QStringList texts;
@@ -85,6 +94,8 @@ void SearchDialog::find_all_matches()
     const QPointer<SearchDialog> here(this);
     ReadableMarks::install(editor);
     const QList<int> found = [&] {
+        if (editor->isReadOnly())
+            return find_only(editor->document(), wanted);
         const Marking no_edit;
         return find_and_mark(editor->document(), wanted);
     }();
@@ -107,6 +118,8 @@ void SearchDialog::clear_highlight()
         return;
     search_results.clear();
     current_search_index = -1;
+    if (editor->isReadOnly())
+        return;
     const Marking no_edit;
     set_background(editor->textCursor(), 0, editor->document()->characterCount() - 1, Qt::transparent);
 }

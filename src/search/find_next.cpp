@@ -55,8 +55,9 @@ void SearchDialog::restart_search()
 
 void SearchDialog::select_match(qsizetype start, qsizetype length)
 {
-    replace_button->setEnabled(true);
-    replace_all_button->setEnabled(true);
+    const bool can_replace = !editor->isReadOnly();
+    replace_button->setEnabled(can_replace);
+    replace_all_button->setEnabled(can_replace);
     write_line(u"Found next "_s + QString::number(start));
     // The text may have become shorter since the search started.
     const qsizetype end = editor->document()->characterCount() - 1;

@@ -15,7 +15,7 @@ namespace my_classes {
 
 void SearchDialog::replace()
 {
-    if (!editor)
+    if (!editor || editor->isReadOnly())
         return;
     QTextCursor cursor = text_cursor();
     if (!cursor.hasSelection())
@@ -35,7 +35,7 @@ void SearchDialog::replace()
 void SearchDialog::replace_all()
 {
     const QString wanted = search_input->text();
-    if (!editor || wanted.isEmpty())
+    if (!editor || editor->isReadOnly() || wanted.isEmpty())
         return;
     const QPointer<SearchDialog> here(this);
     const QStringMatcher matcher(wanted);

@@ -53,7 +53,7 @@ bool ReplaceRun::goes_on(int count)
         const qint64 work = std::min(k_look_share * looked, k_answer_time - looked);
         m_next_look = m_worked + std::max({k_look_interval, looked, work});
     }
-    return !m_stopped && m_dialog && m_dialog->editor;
+    return !m_stopped && m_dialog && m_dialog->editor && !m_dialog->editor->isReadOnly();
 }
 
 void ReplaceRun::show_progress(int count)

@@ -6,6 +6,7 @@
 #include <my_classes/custom_highlighter.h>
 #include <my_classes/custom_text_editor.h>
 
+#include <QtCore/QPointer>
 #include <QtCore/QSignalBlocker>
 #include <QtGui/QAction>
 #include <QtWidgets/QComboBox>
@@ -14,7 +15,8 @@ namespace my_classes {
 
 void CustomTextEditor::set_lang(const QString &language)
 {
-    if (language == lang && language == m_checker_lang)
+    const bool has_checker = spellchecker != nullptr; // a host may have taken it
+    if (language == lang && language == m_checker_lang && has_checker == !language.isEmpty())
         return;
     start_spelling(language); // may throw; nothing has changed then
     lang = language;
@@ -24,10 +26,14 @@ void CustomTextEditor::set_lang(const QString &language)
     }
     if (m_marker)
         m_marker->start_again();
+    const QPointer<CustomTextEditor> here(this);
     enable_spelling();
-    update_suggestions();
-    count_words();
-    Q_EMIT lang_changed(language);
+    if (here)
+        update_suggestions();
+    if (here)
+        count_words();
+    if (here)
+        Q_EMIT lang_changed(language);
 }
 
 void CustomTextEditor::start_spelling(const QString &language)

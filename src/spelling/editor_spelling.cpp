@@ -154,7 +154,7 @@ void CustomTextEditor::clear_highlights()
     cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
     QTextCharFormat format;
     format.setBackground(Qt::transparent);
-    {
+    if (!is_read_only()) {
         const Marking no_edit;
         cursor.mergeCharFormat(format);
     }
