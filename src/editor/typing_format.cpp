@@ -46,8 +46,6 @@ void TypingFormat::set(const QTextCursor &caret, const QTextCharFormat &format)
 
 bool TypingFormat::is_ended(const QTextCursor &caret, const QTextCursor &word, const QTextCharFormat &format)
 {
-    if (m_has_typed) // input methods tell of the caret before the text
-        note_caret(caret);
     const QSet<int> properties = properties_of(format, false);
     if (caret.position() != m_caret || word.selectionStart() < m_start.position() ||
         !m_switched_on.contains(properties))
@@ -63,7 +61,8 @@ void TypingFormat::note_change(int removed, int added)
 
 void TypingFormat::note_caret(const QTextCursor &caret)
 {
-    m_caret = m_has_typed ? caret.position() : -1;
+    if (m_has_typed || caret.position() != m_caret) // input methods tell of the caret twice
+        m_caret = m_has_typed ? caret.position() : -1;
     m_has_typed = false;
 }
 
