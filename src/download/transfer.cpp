@@ -119,19 +119,19 @@ void FileDownloader::Transfer::on_download_progress(qint64 bytes_received, qint6
         Q_EMIT m_downloader->progress_updated(static_cast<int>(double(bytes_received) / double(bytes_total) * 100));
 }
 
-void FileDownloader::Transfer::end(bool is_cancelled)
+void FileDownloader::Transfer::end(bool was_cancelled)
 {
     m_ended = true;
     m_file.close(); // which may fail, too
-    if (is_cancelled)
+    if (was_cancelled)
         remove_file();
-    const QString reason = is_cancelled ? QString() : failure();
+    const QString reason = was_cancelled ? QString() : failure();
     m_downloader->keep_reason(reason, http_status());
     if (m_reply)
         m_reply->deleteLater();
     m_reply = nullptr;
     m_downloader->reply = nullptr;
-    Q_EMIT m_downloader->download_finished(!is_cancelled && reason.isEmpty());
+    Q_EMIT m_downloader->download_finished(!was_cancelled && reason.isEmpty());
     m_downloader->end_is_told();
 }
 

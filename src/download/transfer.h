@@ -35,7 +35,7 @@ private:
     void on_ready_read();
     void on_download_progress(qint64 bytes_received, qint64 bytes_total);
     bool write(const char *data, qint64 size);
-    void end(bool is_cancelled);
+    void end(bool was_cancelled);
     void remove_file();
     QString failure() const;
     int http_status() const;

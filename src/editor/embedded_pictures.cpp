@@ -88,14 +88,13 @@ QUrl EmbeddedPictures::decoded(const QString &name)
 
 void EmbeddedPictures::forget_unused()
 {
-    for (auto picture = m_pictures.begin(); picture != m_pictures.end();) {
-        if (picture->name.isDetached()) { // the document was cleared: nobody else has the text any more
-            m_store.addResource(QTextDocument::ImageResource, picture->resource, QVariant());
-            picture = m_pictures.erase(picture);
-        } else {
-            ++picture;
-        }
-    }
+    m_pictures.removeIf([this](decltype(m_pictures)::iterator picture) {
+        if (!picture->name.isDetached())
+            return false;
+        // The document was cleared: nobody else has the text any more.
+        m_store.addResource(QTextDocument::ImageResource, picture->resource, QVariant());
+        return true;
+    });
 }
 
 void EmbeddedPictures::give_back()

@@ -22,7 +22,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto k_retry = 50ms;
-constexpr auto k_quiet = 200ms;
+constexpr auto k_pause = 200ms;
 
 /// Pictures that came with HTML have a frame, too: an empty one.
 bool is_table_or_float(const QTextFrame *frame)
@@ -56,7 +56,7 @@ LayoutSwitch::LayoutSwitch(QTextDocument *document)
     , m_document(document)
 {
     m_quiet.setSingleShot(true);
-    m_quiet.setInterval(k_quiet);
+    m_quiet.setInterval(k_pause);
     connect(&m_quiet, &QTimer::timeout, this, [this] {
         m_edits = 0;
         settle();

@@ -104,7 +104,7 @@ void paint_list_marker(QPainter *painter, const PaintContext &context, const QTe
     const QFontMetrics metrics(font);
     const bool is_number = style <= QTextListFormat::ListDecimal;
     const QString text = is_number ? item.textList()->itemText(item) : QString();
-    const qreal bullet = metrics.lineSpacing() / 3; // whole pixels
+    const int bullet = metrics.lineSpacing() / 3;
     const QSizeF size = is_number ? QSizeF(metrics.horizontalAdvance(text), metrics.height()) : QSizeF(bullet, bullet);
 
     const QRectF line = layout->lineAt(0).naturalTextRect().translated(layout->position().toPoint());
@@ -112,7 +112,8 @@ void paint_list_marker(QPainter *painter, const PaintContext &context, const QTe
     const bool is_reversed = item.textDirection() == Qt::RightToLeft;
     const QPoint start = line.topLeft().toPoint();
     const qreal x = start.x() + (is_reversed ? line.width() + space : -space - size.width());
-    const QRectF area(QPointF(x, start.y() + metrics.height() / 2 - size.height() / 2), size);
+    const int middle = start.y() + metrics.height() / 2;
+    const QRectF area(QPointF(x, middle - size.height() / 2), size);
 
     QBrush brush = context.palette.brush(QPalette::Text);
     if (format.foreground().style() != Qt::NoBrush)

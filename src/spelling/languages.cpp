@@ -60,7 +60,7 @@ QString MySpellChecker::language_name(const QString &lang)
     const QString region = tag.section(u'_', -1);
     const QLocale::Territory territory = tag.contains(u'_') ? QLocale::codeToTerritory(region) : QLocale::AnyTerritory;
     const QLocale locale(language, territory);
-    const QString name = with_first_capital(name_of_language(language, locale.script()), locale);
+    QString name = with_first_capital(name_of_language(language, locale.script()), locale);
     if (name.isEmpty())
         return lang;
     if (!tag.contains(u'_'))
