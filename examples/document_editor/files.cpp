@@ -49,6 +49,8 @@ QByteArray read_file(const QString &path)
 
 void write_file(const QString &path, const QByteArray &bytes)
 {
+    if (bytes.size() > k_largest_file)
+        throw FileError(tr("It would be too large to be read again."));
     QSaveFile file(path);
     // Unbuffered, because commit() overlooks what a buffer could not write, and puts an empty file in place.
     const auto mode = QIODevice::WriteOnly | QIODevice::Unbuffered;

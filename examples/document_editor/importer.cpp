@@ -69,15 +69,29 @@ protected:
     QVariant loadResource(int /*type*/, const QUrl & /*name*/) override { return QByteArray(); }
 };
 
+bool is_markdown(const QString &suffix)
+{
+    return suffix == "md"_L1 || suffix == "markdown"_L1;
+}
+
+/// By its name, else by what is in it: pages of the web have any name.
+bool is_html(const QByteArray &bytes, const QString &suffix)
+{
+    if (suffix.startsWith("htm"_L1) || suffix == "xhtml"_L1)
+        return true;
+    return !is_markdown(suffix) && suffix != "txt"_L1 &&
+           QMimeDatabase().mimeTypeForData(bytes).inherits(u"text/html"_s);
+}
+
 QString html_of(const QByteArray &bytes, const QString &suffix, const QUrl &address)
 {
-    const bool html = suffix.startsWith("htm"_L1) || suffix == "xhtml"_L1;
+    const bool html = is_html(bytes, suffix);
     QuietDocument document;
     document.setDefaultFont(QFont(u"Times new roman"_s, 12)); // the editor's, so that it is no format of the text
     const QString text = decoded(bytes, html);
     if (html)
         document.setHtml(text);
-    else if (suffix == "md"_L1 || suffix == "markdown"_L1)
+    else if (is_markdown(suffix))
         document.setMarkdown(text);
     else
         document.setPlainText(text);

@@ -5,6 +5,7 @@
 #include "window.h"
 
 #include <my_classes/diagnostic_output.h>
+#include <my_classes/translations.h>
 
 #include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
@@ -19,6 +20,7 @@ int main(int argc, char *argv[])
     QGuiApplication::setDesktopFileName(QStringLiteral("my_classes_document_editor"));
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("my_classes_document_editor")));
     my_classes::set_diagnostic_output(false);
+    my_classes::install_translation(QLocale(QLocale::English)); // as the program's own texts
 
     const bool has_recovered = document_editor::offer_recovery();
     const QStringList paths = QCoreApplication::arguments().mid(1);

@@ -135,6 +135,7 @@ void Window::show_counts()
 void Window::set_path(const QString &path)
 {
     m_path = path;
+    m_file_is_newer = false;
     m_watch->take_as_known(path);
     m_autosave->set_origin(path);
     setWindowTitle(tr("%1[*] - Document Editor").arg(name().replace("[*]"_L1, "[*][*]"_L1)));

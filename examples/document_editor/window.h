@@ -108,6 +108,7 @@ private:
     QString m_path; // empty: never saved
     QString m_recovery_path;
     bool m_asks_about_file = false;
+    bool m_file_is_newer = false; // than the recovery copy that is shown
 };
 
 } // namespace document_editor

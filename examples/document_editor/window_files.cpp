@@ -15,6 +15,7 @@
 #include "section_tabs.h"
 #include "window.h"
 
+#include <QtCore/QDateTime>
 #include <QtCore/QFileInfo>
 #include <QtCore/QTemporaryDir>
 #include <QtPrintSupport/QPrintDialog>
@@ -36,6 +37,12 @@ namespace {
 
 constexpr int k_message_time = 5000; // milliseconds
 constexpr int k_progress_delay = 500;
+
+QString with_document_suffix(const QString &path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    return suffix == "html"_L1 || suffix == "htm"_L1 ? path : path + ".html"_L1;
+}
 
 } // namespace
 
@@ -81,14 +88,16 @@ void Window::show_document(const Document &document, const QString &path, bool m
 void Window::recover()
 {
     const Document document = from_bytes(read_file(m_recovery_path));
+    const QDateTime copied = QFileInfo(m_recovery_path).lastModified();
     show_document(document, document.origin, true);
+    m_file_is_newer = !m_path.isEmpty() && QFileInfo(m_path).lastModified() > copied;
 }
 
 bool Window::save()
 {
     if (m_path.isEmpty())
         return save_as();
-    if (m_watch->has_changed()) {
+    if (m_file_is_newer || m_watch->has_changed()) {
         const auto answer =
             QMessageBox::question(this, tr("Save"), tr("“%1” was changed by another program. Replace it?").arg(name()),
                                   QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Cancel);
@@ -105,7 +114,18 @@ bool Window::save_as()
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(u"html"_s);
     dialog.selectFile(m_path.isEmpty() ? tr("Untitled.html") : name());
-    return dialog.exec() == QDialog::Accepted && write_to(dialog.selectedFiles().value(0));
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    const QString chosen = dialog.selectedFiles().value(0);
+    const QString path = with_document_suffix(chosen);
+    if (path != chosen && QFileInfo::exists(path)) { // the dialog asked for the other name
+        const auto answer =
+            QMessageBox::question(this, tr("Save As"), tr("“%1” exists. Replace it?").arg(QFileInfo(path).fileName()),
+                                  QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Cancel);
+        if (answer != QMessageBox::Yes)
+            return false;
+    }
+    return write_to(path);
 }
 
 bool Window::write_to(const QString &path)
@@ -212,6 +232,10 @@ void Window::export_to_file(const QList<SectionPage *> &pages, const QString &ti
     if (dialog.exec() != QDialog::Accepted)
         return;
     const QString path = dialog.selectedFiles().value(0);
+    if (!m_path.isEmpty() && QFileInfo::exists(path) && QFileInfo(path) == QFileInfo(m_path)) {
+        complain(tr("That is the document itself. Choose another name for what is exported."));
+        return;
+    }
 
     QProgressDialog waiting(tr("Exporting %1").arg(QFileInfo(path).fileName()), tr("Cancel"), 0, 0, this);
     waiting.setWindowModality(Qt::WindowModal);

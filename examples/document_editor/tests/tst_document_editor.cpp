@@ -19,8 +19,13 @@
 #include <QtGui/QImage>
 #include <QtGui/QTextDocument>
 #include <QtTest/QSignalSpy>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QMenuBar>
+#include <QtWidgets/QStatusBar>
 #include <QtWidgets/QToolButton>
+
+#include <csignal>
+#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 using namespace document_editor;
@@ -40,6 +45,9 @@ private Q_SLOTS:
     void closes_before_the_next_is_loaded();
     void discarded_document_stays_away();
     void recovered_document_keeps_its_copy();
+    void recovery_knows_of_a_newer_file();
+    void export_spares_the_document();
+    void documents_have_their_suffix();
     void kills();
     void keys_are_unambiguous();
     void full_disk();
@@ -290,6 +298,65 @@ void TstDocumentEditor::recovered_document_keeps_its_copy()
     QFile::remove(path);
 }
 
+void TstDocumentEditor::recovery_knows_of_a_newer_file()
+{
+    const QString path = two_sections();
+    auto file = std::make_unique<RecoveryFile>();
+    QSignalSpy written(file.get(), &RecoveryFile::written);
+    file->write({{{u"Mine"_s, {}, u"<p>older</p>"_s}}, path});
+    QTRY_COMPARE(written.count(), 1);
+    QFile later(path);
+    QVERIFY(later.open(QIODevice::ReadWrite));
+    QVERIFY(later.setFileTime(QDateTime::currentDateTime().addSecs(10), QFileDevice::FileModificationTime));
+    later.close();
+
+    const QPointer<Window> window = new Window(std::move(file));
+    window->recover();
+    Answers answers({u"Cancel"_s, u"Yes"_s});
+    QVERIFY(!window->save());
+    QVERIFY(answers.asked().contains("another program"_L1));
+    QCOMPARE(titles_of(from_bytes(read_file(path))), QStringList({u"One"_s, u"Two"_s}));
+    QVERIFY(window->save());
+    QCOMPARE(titles_of(from_bytes(read_file(path))), QStringList(u"Mine"_s));
+    QVERIFY(answers.all_given());
+    QVERIFY(window->save()); // asks nothing
+    window->close();
+    QTRY_VERIFY(!window);
+}
+
+void TstDocumentEditor::export_spares_the_document()
+{
+    const QString path = two_sections();
+    const QByteArray before = read_file(path);
+    const QPointer<Window> window = new Window;
+    window->show();
+    window->open(path);
+    QVERIFY(QTest::qWaitForWindowActive(window));
+    Answers answers({path, u"Yes"_s, u"OK"_s});
+    QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
+    QTRY_VERIFY(answers.all_given());
+    QVERIFY(answers.asked().contains("the document itself"_L1));
+    QCOMPARE(read_file(path), before);
+    window->close();
+    QTRY_VERIFY(!window);
+}
+
+void TstDocumentEditor::documents_have_their_suffix()
+{
+    const QPointer<Window> window = new Window;
+    window->show();
+    window->open(two_sections());
+    const QString path = m_directory.filePath(u"v1.2"_s);
+    for (const QString &answer : {u"Yes"_s, u"Cancel"_s}) {
+        Answers answers({path, answer});
+        QVERIFY(window->save_as() != answers.all_given()); // the second one asks
+    }
+    QVERIFY(!QFile::exists(path));
+    QCOMPARE(from_bytes(read_file(path + ".html"_L1)).sections.size(), 2);
+    window->close();
+    QTRY_VERIFY(!window);
+}
+
 /// Of what was typed, never more than the last five seconds are lost, and what is there can be read.
 void TstDocumentEditor::kills()
 {
@@ -332,22 +399,35 @@ void TstDocumentEditor::kills()
 
 void TstDocumentEditor::full_disk()
 {
-    // Files of this process can have no bytes.
-    const auto program =
-        m_desktop.run(u"bash"_s, {u"-c"_s, u"trap '' XFSZ; ulimit -f 0; exec '%1' 2>/dev/null"_s.arg(k_program)});
-    QVERIFY(m_desktop.wait_for(u"Untitled"_s));
-    QTest::qWait(500);
-    m_desktop.type(u"Nothing is lost"_s);
-    QTest::qWait(5000);
-    m_desktop.shot(u"9-full-disk"_s);
-    QVERIFY(!recovery());
-    m_desktop.type(u"."_s);
-    QCOMPARE(program->state(), QProcess::Running);
-    m_desktop.key(u"ctrl+q"_s);
-    QVERIFY(m_desktop.wait_for(u"Document Editor"_s));
-    m_desktop.key(u"Tab Return"_s); // discard
-    QVERIFY(QTest::qWaitFor([&] { return program->state() == QProcess::NotRunning; }, 10000));
-    QCOMPARE(program->exitCode(), 0);
+    const QPointer<Window> window = new Window;
+    window->show();
+    QVERIFY(QTest::qWaitForWindowActive(window));
+    const auto told = [&] {
+        const auto labels = window->statusBar()->findChildren<QLabel *>();
+        return std::any_of(labels.begin(), labels.end(), [](const QLabel *label) {
+            return label->isVisible() && label->text().contains("No recovery copy can be written: "_L1);
+        });
+    };
+    // Files of this process can have no bytes for a while.
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit = {};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit none = {0, limit.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &none);
+    QTest::keyClicks(window->focusWidget(), u"Nothing is lost"_s);
+    const bool was_told = QTest::qWaitFor(told, 10000);
+    Answers answers({m_directory.filePath(u"full.html"_s), u"OK"_s});
+    const bool was_saved = window->save();
+    setrlimit(RLIMIT_FSIZE, &limit);
+    QVERIFY(was_told);
+    QVERIFY(!was_saved && answers.asked().contains("not saved"_L1));
+    const QTextEdit *text = window->findChild<SectionTabs *>()->current_page()->editor->text_edit;
+    QCOMPARE(text->toPlainText(), u"Nothing is lost"_s);
+    QVERIFY(window->isWindowModified());
+    QTRY_VERIFY_WITH_TIMEOUT(!told(), 10000); // there is room again
+    Answers last({u"Discard"_s});
+    window->close();
+    QTRY_VERIFY(!window);
 }
 
 void TstDocumentEditor::keys_are_unambiguous()

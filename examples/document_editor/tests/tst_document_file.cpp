@@ -4,6 +4,7 @@
 #include "document_file.h"
 #include "file_error.h"
 #include "files.h"
+#include "importer.h"
 #include "recovery_file.h"
 
 #include "support/test_support.h"
@@ -33,6 +34,7 @@ private Q_SLOTS:
     void tells_what_is_wrong();
     void refuses_every_damage();
     void replaces_a_file_or_leaves_it();
+    void imports_pages_of_any_name();
     void recovery_files_are_their_own();
     void full_disk_keeps_the_earlier_copy();
 };
@@ -126,7 +128,21 @@ void TstDocumentFile::replaces_a_file_or_leaves_it()
     write_file(path, "new");
     QCOMPARE(read_file(path), "new");
     QVERIFY(reason_of([&] { write_file(directory.filePath(u"none/a.html"_s), "x"); }).contains("No such file"_L1));
+    const QByteArray large(1'000'000'001, Qt::Uninitialized); // could not be read again
+    QVERIFY(reason_of([&] { write_file(path, large); }).contains("too large"_L1));
+    QCOMPARE(read_file(path), "new");
     QCOMPARE(QDir(directory.path()).entryList(QDir::Files), QStringList(u"a.html"_s));
+}
+
+void TstDocumentFile::imports_pages_of_any_name()
+{
+    QTemporaryDir directory;
+    for (const QString &name : {u"article"_s, u"page.php"_s, u"v1.2"_s, u"page.htm"_s, u"source.txt"_s}) {
+        const QString path = directory.filePath(name);
+        write_file(path, "<!DOCTYPE html>\n<html><body><p>an <b>article</b></p></body></html>\n");
+        const bool shows_source = import_section(path).html.contains("&lt;b&gt;"_L1);
+        QVERIFY2(shows_source == name.endsWith(".txt"_L1), qPrintable(name));
+    }
 }
 
 void TstDocumentFile::recovery_files_are_their_own()
