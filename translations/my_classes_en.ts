@@ -36,10 +36,6 @@
         <translation>Lang: %1 | </translation>
     </message>
     <message>
-        <source>%1%2%3 sentences | %4 words | %5 characters</source>
-        <translation>%1%2%3 sentences | %4 words | %5 characters</translation>
-    </message>
-    <message>
         <source>Selected: </source>
         <translation>Selected: </translation>
     </message>
@@ -178,6 +174,27 @@
     <message>
         <source>Remove Columns</source>
         <translation>Remove Columns</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 sentences</source>
+        <translation>
+            <numerusform>%1 sentence</numerusform>
+            <numerusform>%1 sentences</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 words</source>
+        <translation>
+            <numerusform>%1 word</numerusform>
+            <numerusform>%1 words</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 characters</source>
+        <translation>
+            <numerusform>%1 character</numerusform>
+            <numerusform>%1 characters</numerusform>
+        </translation>
     </message>
 </context>
 <context>

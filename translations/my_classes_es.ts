@@ -36,10 +36,6 @@
         <translation>Idioma: %1 | </translation>
     </message>
     <message>
-        <source>%1%2%3 sentences | %4 words | %5 characters</source>
-        <translation>%1%2%3 frases | %4 palabras | %5 caracteres</translation>
-    </message>
-    <message>
         <source>Selected: </source>
         <translation>Selección: </translation>
     </message>
@@ -178,6 +174,27 @@
     <message>
         <source>Remove Columns</source>
         <translation>Eliminar columnas</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 sentences</source>
+        <translation>
+            <numerusform>%1 frase</numerusform>
+            <numerusform>%1 frases</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 words</source>
+        <translation>
+            <numerusform>%1 palabra</numerusform>
+            <numerusform>%1 palabras</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 characters</source>
+        <translation>
+            <numerusform>%1 carácter</numerusform>
+            <numerusform>%1 caracteres</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -39,10 +39,12 @@ void CustomTextEditor::show_counts(const EditorCounts &counts)
 {
     QString line;
     if (counts.words > 0) {
-        const QString language = lang.isEmpty() ? QString() : tr("Lang: %1 | ").arg(lang.toUpper());
-        line = tr("%1%2%3 sentences | %4 words | %5 characters")
-                   .arg(language, counts.of_selection ? tr("Selected: ") : QString(), grouped(counts.sentences),
-                        grouped(counts.words), grouped(counts.characters));
+        // One form for every number without a translator; catalogues have more.
+        const QStringList parts{tr("%1 sentences", nullptr, counts.sentences).arg(grouped(counts.sentences)),
+                                tr("%1 words", nullptr, counts.words).arg(grouped(counts.words)),
+                                tr("%1 characters", nullptr, counts.characters).arg(grouped(counts.characters))};
+        line = lang.isEmpty() ? QString() : tr("Lang: %1 | ").arg(lang.toUpper());
+        line += (counts.of_selection ? tr("Selected: ") : QString()) + parts.join(QStringLiteral(" | "));
     }
     if (line != word_count_label->text())
         word_count_label->setText(line);
