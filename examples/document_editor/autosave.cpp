@@ -65,7 +65,7 @@ void Autosave::wait_for_pause()
 void Autosave::take_sections()
 {
     m_to_take.clear();
-    const QList<SectionPage *> pages = m_tabs->pages();
+    const QList<SectionPage *> pages = m_tabs->pages() + m_tabs->closed_pages();
     for (SectionPage *page : pages) {
         if (page->has_changed_since_snapshot())
             m_to_take.append(page);

@@ -12,15 +12,17 @@ namespace document_editor {
 struct Section
 {
     QString title;
-    QString language; ///< of its spelling, as of MySpellChecker; empty: none
-    QString html;     ///< exactly as CustomTextEditor::get_html_content() gave it
+    QString language;   ///< of its spelling, as of MySpellChecker; empty: none
+    QString html;       ///< exactly as CustomTextEditor::get_html_content() gave it
+    int closed_at = -1; ///< of a closed section: the index that it had
 };
 
 /// What a file holds.
 struct Document
 {
     QList<Section> sections;
-    QString origin; ///< in a recovery file: the path of the document's own file, if it has one
+    QString origin;             ///< in a recovery file: the path of the document's own file, if it has one
+    QList<Section> closed = {}; ///< in a recovery file: those that were closed since, the last one last
 };
 
 } // namespace document_editor

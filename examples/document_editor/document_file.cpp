@@ -68,7 +68,9 @@ QByteArray section_bytes(const Section &section)
 {
     const QByteArray html = section.html.toUtf8();
     const QByteArray language = escaped(QString(section.language).replace(u'_', u'-')); // as in HTML
-    return "<section lang=\"" + language + "\" data-bytes=\"" + QByteArray::number(html.size()) +
+    const QByteArray closed =
+        section.closed_at < 0 ? QByteArray() : "\" hidden data-closed=\"" + QByteArray::number(section.closed_at);
+    return "<section lang=\"" + language + "\" data-bytes=\"" + QByteArray::number(html.size()) + closed +
            "\"><h1 class=\"title\">" + escaped(section.title) + "</h1>\n" + html + k_section_end;
 }
 
@@ -117,13 +119,14 @@ private:
 Section read_section(Reader &reader, QByteArrayView line)
 {
     static const QRegularExpression tag(
-        uR"re(^<section lang="([^"]*)" data-bytes="(\d+)"><h1 class="title">([^<]*)</h1>$)re"_s);
+        uR"re(^<section lang="([^"]*)" data-bytes="(\d+)"(?: hidden data-closed="(\d+)")?><h1 class="title">([^<]*)</h1>$)re"_s);
     const QRegularExpressionMatch match = tag.match(QString::fromUtf8(line));
     if (!match.hasMatch())
         refuse_damaged();
     Section section;
     section.language = unescaped(match.captured(1).toUtf8()).replace(u'-', u'_');
-    section.title = unescaped(match.captured(3).toUtf8());
+    section.title = unescaped(match.captured(4).toUtf8());
+    section.closed_at = match.hasCaptured(3) ? match.captured(3).toInt() : -1;
     section.html = QString::fromUtf8(reader.take(match.captured(2).toLongLong()));
     if (!reader.skip(k_section_end))
         refuse_damaged();
@@ -163,7 +166,7 @@ QByteArray to_bytes(const Document &document)
         bytes += "<meta name=\"origin\" content=\"" + escaped(document.origin) + "\">\n";
     const QString title = document.sections.isEmpty() ? QString() : document.sections.constFirst().title;
     bytes += "<title>" + escaped(title) + "</title>\n" + k_style;
-    for (const Section &section : document.sections)
+    for (const Section &section : document.sections + document.closed)
         bytes += section_bytes(section);
     bytes += k_end;
     return bytes + checksum(bytes);
@@ -182,7 +185,8 @@ Document from_bytes(const QByteArray &bytes)
     }
     while (!reader.skip(k_end)) {
         const QByteArrayView line = reader.line();
-        document.sections.append(read_section(reader, line));
+        const Section section = read_section(reader, line);
+        (section.closed_at < 0 ? document.sections : document.closed).append(section);
     }
     return document;
 }

@@ -34,21 +34,35 @@ QList<SectionPage *> SectionTabs::pages() const
     return pages;
 }
 
+QList<SectionPage *> SectionTabs::closed_pages() const
+{
+    QList<SectionPage *> pages;
+    for (const ClosedSection &closed : m_closed)
+        pages.append(closed.page);
+    return pages;
+}
+
 SectionPage *SectionTabs::current_page() const
 {
     return static_cast<SectionPage *>(currentWidget());
 }
 
-SectionPage *SectionTabs::append(const Section &section)
+SectionPage *SectionTabs::new_page(const Section &section)
 {
     auto *page = new SectionPage(section);
     connect(page, &SectionPage::text_changed, this, &SectionTabs::content_changed);
     connect(page, &SectionPage::modified_changed, this, &SectionTabs::modified_changed);
     connect(page, &SectionPage::counts_changed, this, &SectionTabs::counts_changed);
     connect(page->editor, &my_classes::CustomTextEditor::lang_changed, this, &SectionTabs::structure_changed);
+    Q_EMIT page_added(page);
+    return page;
+}
+
+SectionPage *SectionTabs::append(const Section &section)
+{
+    SectionPage *page = new_page(section);
     const QString wish = section.title.trimmed();
     addTab(page, unique_title(wish.isEmpty() ? tr("Section") : wish));
-    Q_EMIT page_added(page);
     return page;
 }
 
@@ -116,6 +130,11 @@ void SectionTabs::set_document(const Document &document, bool modified)
         delete page;
     for (int i = 0; i < document.sections.size(); ++i) // old ones may have had their titles
         rename_tab(i, document.sections.at(i).title);
+    for (const Section &section : document.closed) {
+        SectionPage *page = new_page(section);
+        page->setParent(this);
+        m_closed.append({page, section.title, section.closed_at});
+    }
     setCurrentIndex(0);
     current_page()->load();
     current_page()->editor->text_edit->setFocus();
@@ -140,6 +159,8 @@ Document SectionTabs::snapshot() const
     Document document;
     for (int i = 0; i < count(); ++i)
         document.sections.append(section_at(i, static_cast<SectionPage *>(widget(i))->snapshot()));
+    for (const ClosedSection &closed : m_closed)
+        document.closed.append({closed.title, closed.page->language(), closed.page->snapshot(), closed.index});
     return document;
 }
 

@@ -20,6 +20,7 @@ public:
     explicit SectionTabs(QWidget *parent = nullptr);
 
     QList<SectionPage *> pages() const;
+    QList<SectionPage *> closed_pages() const;
     SectionPage *current_page() const;
 
     /// As the person's act: the section becomes the current one, the document modified.
@@ -30,7 +31,7 @@ public:
     /// Modified: it is in no file as it is.
     void set_document(const Document &document, bool modified = false);
     Document document();
-    /// Of what the pages last gave; never waits for one.
+    /// Of what the pages last gave, the closed ones included; never waits for one.
     Document snapshot() const;
 
     bool is_modified() const;
@@ -53,6 +54,7 @@ private:
         int index;
     };
 
+    SectionPage *new_page(const Section &section);
     SectionPage *append(const Section &section);
     bool may_close(QWidget *page, const QString &title);
     void keep_closed(QWidget *page, const QString &title);

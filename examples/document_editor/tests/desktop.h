@@ -52,7 +52,7 @@ public:
     QString tool(const QStringList &arguments) const
     {
         const auto xdotool = run(QStringLiteral("xdotool"), arguments);
-        while (!xdotool->waitForFinished(10)) // servers of the test answer meanwhile
+        while (xdotool->state() != QProcess::NotRunning && !xdotool->waitForFinished(10)) // servers answer meanwhile
             QCoreApplication::processEvents();
         return QString::fromUtf8(xdotool->readAllStandardOutput()).trimmed();
     }

@@ -45,6 +45,7 @@ private Q_SLOTS:
     void closes_before_the_next_is_loaded();
     void discarded_document_stays_away();
     void recovered_document_keeps_its_copy();
+    void recovery_keeps_closed_sections();
     void recovery_knows_of_a_newer_file();
     void export_spares_the_document();
     void documents_have_their_suffix();
@@ -296,6 +297,34 @@ void TstDocumentEditor::recovered_document_keeps_its_copy()
     QVERIFY(window->isWindowModified());
     delete window; // as in a crash
     QFile::remove(path);
+}
+
+void TstDocumentEditor::recovery_keeps_closed_sections()
+{
+    auto file = std::make_unique<RecoveryFile>();
+    const QString copy = file->path();
+    auto *window = new Window(std::move(file));
+    window->show();
+    window->open(two_sections());
+    auto *tabs = window->findChild<SectionTabs *>();
+    tabs->current_page()->editor->text_edit->insertPlainText(u"unsaved "_s);
+    Answers answers({u"Yes"_s, u"Discard"_s});
+    tabs->closeTab(0);
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(copy), 10000);
+    delete window; // as in a crash
+
+    auto found = RecoveryFile::left_behind();
+    QCOMPARE(found.size(), 1u);
+    const QPointer<Window> next = new Window(std::move(found.front()));
+    next->recover();
+    next->show();
+    tabs = next->findChild<SectionTabs *>();
+    QCOMPARE(titles_of(tabs->document()), QStringList(u"Two"_s));
+    tabs->restore_section();
+    QCOMPARE(titles_of(tabs->document()), QStringList({u"One"_s, u"Two"_s}));
+    QCOMPARE(tabs->current_page()->editor->text_edit->toPlainText(), u"unsaved first"_s);
+    next->close();
+    QTRY_VERIFY(!next);
 }
 
 void TstDocumentEditor::recovery_knows_of_a_newer_file()

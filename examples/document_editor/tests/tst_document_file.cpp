@@ -53,11 +53,12 @@ QString reason_of(const std::function<void()> &action)
 
 bool same(const Document &a, const Document &b)
 {
-    return a.origin == b.origin && std::equal(a.sections.begin(), a.sections.end(), b.sections.begin(),
-                                              b.sections.end(), [](const Section &x, const Section &y) {
-                                                  return x.title == y.title && x.language == y.language &&
-                                                         x.html == y.html;
-                                              });
+    const auto same_section = [](const Section &x, const Section &y) {
+        return x.title == y.title && x.language == y.language && x.html == y.html && x.closed_at == y.closed_at;
+    };
+    return a.origin == b.origin &&
+           std::equal(a.sections.begin(), a.sections.end(), b.sections.begin(), b.sections.end(), same_section) &&
+           std::equal(a.closed.begin(), a.closed.end(), b.closed.begin(), b.closed.end(), same_section);
 }
 
 Document small_document()
@@ -79,6 +80,7 @@ void TstDocumentFile::gives_back_every_byte()
     hostile.sections += {u"</h1></title><script>alert(1)</script>&amp;amp;\r\n\t "_s, {}, markers};
     hostile.sections += {u"<!-- "_s, u"\" onload=\"x"_s, QString::fromUtf8(to_bytes(plain))};
     hostile.sections += {{}, u"de_CH"_s, u"\0\r\n\u2028\U0001F600"_s};
+    hostile.closed = {{u"Closed"_s, u"es"_s, u"<p>can come back</p>"_s, 2}};
     for (const Document &document : {plain, hostile, Document()})
         QVERIFY(same(from_bytes(to_bytes(document)), document));
 
