@@ -11,7 +11,7 @@ cd "$repository"
 mkdir -p build
 cmake -S . -B build/tidy -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_UNITY_BUILD=ON -DCMAKE_EXPORT_COMPILE_COMMANDS=ON \
     -DMY_CLASSES_BUILD_TESTS=OFF -DMY_CLASSES_BUILD_BENCHMARKS=OFF -DMY_CLASSES_BUILD_EXAMPLES=OFF \
-    -DMY_CLASSES_BUILD_PROGRAM=OFF >build/tidy.log
+    -DMY_CLASSES_BUILD_PROGRAM=OFF -DMY_CLASSES_BUILD_DOCUMENT_EDITOR=OFF >build/tidy.log
 cmake --build build/tidy --target my_classes_autogen >>build/tidy.log
 printf '%s\0' build/tidy/src/CMakeFiles/my_classes.dir/Unity/*.cxx |
     xargs -0 -n1 -P2 clang-tidy --quiet --checks=-bugprone-suspicious-include --warnings-as-errors='*' -p build/tidy 2>>build/tidy.log
