@@ -60,7 +60,7 @@ public:
     QString title() const { return tool({QStringLiteral("getactivewindow"), QStringLiteral("getwindowname")}); }
     bool wait_for(const QString &part_of_title) const
     {
-        if (QTest::qWaitFor([&] { return title().contains(part_of_title); }, 20000))
+        if (QTest::qWaitFor([&] { return title().contains(part_of_title); }, 60000))
             return true;
         shot(QStringLiteral("failed"));
         qInfo() << "waiting for" << part_of_title << "there is" << title();
@@ -75,6 +75,16 @@ public:
     {
         tool({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("8"), QStringLiteral("--"), text});
         QTest::qWait(150);
+    }
+    /// A window may be there a moment before it takes keys: they are pressed again until it has gone.
+    void dismiss(const QString &part_of_title, const QString &keys) const
+    {
+        const auto has_gone = [&] { return !title().contains(part_of_title); };
+        for (int i = 0; i < 10 && !has_gone(); ++i) {
+            key(keys);
+            if (QTest::qWaitFor(has_gone, 2000))
+                return;
+        }
     }
     /// Keeps a picture of the screen in the directory of build artefacts.
     void shot(const QString &name) const

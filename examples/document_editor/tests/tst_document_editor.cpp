@@ -179,7 +179,7 @@ void TstDocumentEditor::a_report()
     program = start();
     QVERIFY(m_desktop.wait_for(u"Recovery"_s));
     m_desktop.shot(u"6-recovery"_s);
-    m_desktop.key(u"Return"_s);
+    m_desktop.dismiss(u"Recovery"_s, u"Return"_s);
     QVERIFY(m_desktop.wait_for(u"Untitled*"_s));
     QTest::qWait(800);
     m_desktop.shot(u"7-recovered"_s);
@@ -396,7 +396,7 @@ void TstDocumentEditor::kills()
         const auto program = start();
         QVERIFY(m_desktop.wait_for(has_copy ? u"Recovery"_s : u"Untitled"_s));
         if (has_copy) {
-            m_desktop.key(u"Return"_s);
+            m_desktop.dismiss(u"Recovery"_s, u"Return"_s);
             QVERIFY(m_desktop.wait_for(u"Untitled*"_s));
         }
         QTest::qWait(500);
