@@ -249,8 +249,7 @@ public:
 
     // Words, for a context menu of the host's. A word is what the suggestion box takes for one.
 
-    /// A cursor that selects the word at `cursor`, or at `point` of the text area's viewport (pixels); without a
-    /// selection if there is none.
+    /// A cursor that selects the word at `cursor`; without a selection if there is none.
     QTextCursor word_at(const QTextCursor &cursor) const;
     /// The same at `point` of the viewport of the text area, in pixels.
     QTextCursor word_at_point(const QPoint &point) const;

@@ -173,7 +173,6 @@ void DocumentLayout::documentChanged(int from, int, int added)
 
 void DocumentLayout::estimate_everything()
 {
-    Q_EMIT about_to_estimate();
     if (m_heights.count() > m_heights.unmeasured_count()) { // there are lines, which are no longer right
         for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
             block.layout()->clearLayout();

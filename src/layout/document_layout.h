@@ -50,8 +50,7 @@ public:
 Q_SIGNALS:
     /// An estimate was wrong: everything from `bottom` on, as it was, has moved by `change`.
     void corrected(my_classes::Units bottom, my_classes::Units change);
-    /// Around a change of all heights.
-    void about_to_estimate();
+    /// All heights have changed.
     void estimated();
 
 protected:

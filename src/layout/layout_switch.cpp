@@ -121,16 +121,14 @@ bool LayoutSwitch::is_possible() const
 void LayoutSwitch::check()
 {
     const bool has_own = qobject_cast<DocumentLayout *>(m_document->documentLayout());
-    m_is_due = has_own == wants_qt_layout();
-    if (m_is_due) // not at once: the layout may be the one that is at work
+    if (has_own == wants_qt_layout()) // not at once: the layout may be the one that is at work
         QMetaObject::invokeMethod(this, &LayoutSwitch::settle, Qt::QueuedConnection);
 }
 
 void LayoutSwitch::settle()
 {
     const bool own = !wants_qt_layout();
-    m_is_due = own != bool(qobject_cast<DocumentLayout *>(m_document->documentLayout()));
-    if (!m_is_due)
+    if (own == bool(qobject_cast<DocumentLayout *>(m_document->documentLayout())))
         return;
     if (is_possible())
         use_own_layout(own);
@@ -145,7 +143,6 @@ void LayoutSwitch::use_own_layout(bool own)
         replace_layout(new DocumentLayout(m_document));
     else if (!own && qobject_cast<const DocumentLayout *>(present))
         replace_layout(nullptr);
-    m_is_due = false;
 }
 
 /// A null pointer stands for Qt's. A layout takes the paragraphs' formats with it, and knows the device, the width of

@@ -48,7 +48,6 @@ private:
     int m_edits = 0; // between the two notifications around which the layout hears of a change
     int m_revision = 0;
     bool m_was_cleared = false;
-    bool m_is_due = false;
 };
 
 } // namespace my_classes
