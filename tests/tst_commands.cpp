@@ -6,53 +6,25 @@
 #include <my_classes/custom_tab.h>
 #include <my_classes/custom_text_editor.h>
 #include <my_classes/diagnostic_output.h>
-#include <my_classes/download_dialog.h>
-#include <my_classes/main_window.h>
-#include <my_classes/table_dimension_input_dialog.h>
 
 #include <QtCore/QMimeData>
-#include <QtCore/QTranslator>
 #include <QtGui/QAction>
 #include <QtGui/QClipboard>
 #include <QtGui/QDropEvent>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextList>
 #include <QtGui/QTextTable>
-#include <QtWidgets/QComboBox>
 #include <QtWidgets/QMenu>
-#include <QtWidgets/QPushButton>
 #include <QtWidgets/QToolBar>
 #include <QtWidgets/QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 using my_classes::CustomTextEditor;
 using my_classes::EditorCommand;
+using test_support::select;
+using test_support::show_active;
 
 namespace {
-
-void show_active(QWidget &window)
-{
-    window.show();
-    window.activateWindow();
-    if (!QTest::qWaitForWindowActive(&window))
-        qFatal("The window does not become active");
-}
-
-void select(CustomTextEditor &editor, int anchor, int position)
-{
-    QTextCursor cursor = editor.text_edit->textCursor();
-    cursor.setPosition(anchor);
-    cursor.setPosition(position, QTextCursor::KeepAnchor);
-    editor.text_edit->setTextCursor(cursor);
-}
-
-QList<EditorCommand> all_commands()
-{
-    QList<EditorCommand> all;
-    for (int i = 0; i <= int(EditorCommand::RemoveColumns); ++i)
-        all << EditorCommand(i);
-    return all;
-}
 
 /// The texts of the cells, row by row.
 QString cells(const QTextTable *table)
@@ -70,17 +42,6 @@ QString cells(const QTextTable *table)
     return rows.join(u'/');
 }
 
-/// Puts everything in angle brackets.
-class Brackets : public QTranslator
-{
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char *, const char *source, const char *, int) const override
-    {
-        return u'<' + QString::fromUtf8(source) + u'>';
-    }
-};
-
 } // namespace
 
 /// The editor's commands as a host reaches them.
@@ -97,7 +58,6 @@ private Q_SLOTS:
     void tab_moves_in_tables_and_lists();
     void pictures_are_pasted_and_dropped();
     void forms_pass_a_parent_alone();
-    void a_new_language_is_shown();
     void lines_on_standard_output_can_be_silenced();
 };
 
@@ -111,8 +71,8 @@ void TstCommands::actions_are_those_of_the_tool_bar()
     }
     QStringList names;
     QList<QAction *> of_commands;
-    for (const EditorCommand command : all_commands()) {
-        of_commands << editor.action(command);
+    for (int command = 0; command <= int(EditorCommand::RemoveColumns); ++command) {
+        of_commands << editor.action(EditorCommand(command));
         names << of_commands.last()->objectName();
         QCOMPARE(editor.findChild<QAction *>(names.last()), of_commands.last());
     }
@@ -187,14 +147,14 @@ void TstCommands::rows_and_columns()
                                          {EditorCommand::InsertColumnAfter, u"a,,b/c,,d"_s},
                                          {EditorCommand::RemoveRows, u"a,b"_s},
                                          {EditorCommand::RemoveColumns, u"b/d"_s}}) {
-        select(editor, at(1, 0), at(1, 0));
+        select(editor.text_edit, at(1, 0));
         QVERIFY2(is_one_step(command, after), qPrintable(after));
     }
-    select(editor, at(0, 0), at(1, 1)); // everything
+    select(editor.text_edit, at(0, 0), at(1, 1)); // everything
     QVERIFY(is_one_step(EditorCommand::RemoveRows, QString()));
-    select(editor, at(0, 1), at(1, 1));
+    select(editor.text_edit, at(0, 1), at(1, 1));
     QVERIFY(is_one_step(EditorCommand::InsertColumnAfter, u"a,b,/c,d,"_s));
-    select(editor, at(1, 1), at(1, 1));
+    select(editor.text_edit, at(1, 1));
     editor.insert_row_below();
     QCOMPARE(table()->cellAt(2, 1).format(), table()->cellAt(1, 1).format()); // looks like its neighbour
     editor.text_edit->setReadOnly(true);
@@ -211,7 +171,7 @@ void TstCommands::rows_and_columns()
     for (const bool row : {false, true}) {
         editor.set_text_content({});
         QVERIFY(editor.insert_table_of_size(2, 2));
-        select(editor, at(0, 0), at(1, 1));
+        select(editor.text_edit, at(0, 0), at(1, 1));
         connect(editor.text_edit, &QTextEdit::cursorPositionChanged, document, &QTextDocument::clear,
                 Qt::SingleShotConnection);
         row ? editor.insert_row_below() : editor.remove_columns();
@@ -252,7 +212,7 @@ void TstCommands::tab_moves_in_tables_and_lists()
     const auto press = [&](const QString &keys) { QTest::keySequence(editor.windowHandle(), keys); };
     text->setHtml(u"<table><tr><td>a</td><td>b</td></tr><tr><td colspan=2>c</td></tr></table>"_s);
     const auto table = [&] { return text->textCursor().currentTable(); };
-    select(editor, 1, 1);
+    select(editor.text_edit, 1);
     press(u"Tab, X, Tab, Y"_s);
     press(u"Tab, Z, Shift+Backtab, 1"_s);
     QCOMPARE(cells(table()), u"a,xb/1yc,1yc/z,"_s); // the wide cell, seen in both columns
@@ -267,10 +227,10 @@ void TstCommands::tab_moves_in_tables_and_lists()
     text->setFocus();
     const QString before = editor.get_html_content();
     const auto level = [&] { return text->textCursor().currentList()->format().indent(); };
-    select(editor, 4, 4);
+    select(editor.text_edit, 4);
     press(u"Tab"_s);
     QCOMPARE(level(), 2);
-    select(editor, 8, 8);
+    select(editor.text_edit, 8);
     press(u"Tab"_s);
     QCOMPARE(text->textCursor().currentList()->count(), 2); // joins the item before
     press(u"Shift+Backtab"_s);
@@ -279,11 +239,11 @@ void TstCommands::tab_moves_in_tables_and_lists()
     text->undo();
     text->undo();
     QCOMPARE(editor.get_html_content(), before);
-    select(editor, 1, 1);
+    select(editor.text_edit, 1);
     press(u"Tab"_s);
     QVERIFY(editor.get_text_content().startsWith(u"o\tne"_s));
     text->undo();
-    select(editor, 0, 0);
+    select(editor.text_edit, 0);
     press(u"Shift+Backtab"_s);
     QVERIFY(!text->hasFocus());
     QCOMPARE(editor.get_html_content(), before);
@@ -316,31 +276,33 @@ void TstCommands::pictures_are_pasted_and_dropped()
         }
         return sizes;
     };
-    const auto data = [](const QImage &image, const QString &html, const QList<QUrl> &urls) {
+    const auto files_data = [](const QList<QUrl> &urls) {
         auto *content = new QMimeData;
-        if (!image.isNull())
-            content->setImageData(image);
+        content->setUrls(urls);
+        return content;
+    };
+    const auto picture_data = [](const QImage &image, const QString &html) {
+        auto *content = new QMimeData;
+        content->setImageData(image);
         if (!html.isEmpty())
             content->setHtml(html);
-        if (!urls.isEmpty())
-            content->setUrls(urls);
         return content;
     };
     const double width = text->viewport()->width() - 2 * text->document()->documentMargin();
     const QSizeF fitted(qRound(width), qRound(width / 2));
     const QUrl urls[] = {QUrl::fromLocalFile(files[0]), QUrl::fromLocalFile(files[1])};
     const QString named = u"<img src='http://127.0.0.1:1/x.png'>"_s;
-    for (const auto &[content, sizes] : {std::pair(data(small, {}, {}), QList<QSizeF>{small.size()}),
-                                         {data(wide, named, {}), {fitted}},
-                                         {data({}, {}, {urls[0], urls[1]}), {fitted, small.size()}}}) {
+    for (const auto &[content, sizes] : {std::pair(picture_data(small, {}), QList<QSizeF>{small.size()}),
+                                         {picture_data(wide, named), {fitted}},
+                                         {files_data({urls[0], urls[1]}), {fitted, small.size()}}}) {
         QCOMPARE(pasted(content), sizes);
         QVERIFY(editor.get_html_content().contains(u"data:image/png;base64,"_s));
         text->undo();
         QCOMPARE(editor.get_html_content(), before);
     }
-    QCOMPARE(pasted(data(small, u"<b>cells</b>"_s, {})), QList<QSizeF>()); // text that brings a picture of itself
+    QCOMPARE(pasted(picture_data(small, u"<b>cells</b>"_s)), QList<QSizeF>()); // text that brings a picture of itself
     QVERIFY(editor.get_text_content().endsWith(u"cells"_s));
-    QDropEvent drop({60, 60}, Qt::CopyAction, data({}, {}, {urls[1]}), Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop({60, 60}, Qt::CopyAction, files_data({urls[1]}), Qt::LeftButton, Qt::NoModifier);
     QDragEnterEvent enter({60, 60}, Qt::CopyAction, drop.mimeData(), Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(text->viewport(), &enter);
     QVERIFY(enter.isAccepted());
@@ -366,32 +328,6 @@ void TstCommands::forms_pass_a_parent_alone()
     QVERIFY(tab->lang == editor->lang && tab->editor->spellchecker && editor->spellchecker);
     const CustomTextEditor as_ever({}, &form);
     QCOMPARE(as_ever.lang, u"en"_s);
-}
-
-void TstCommands::a_new_language_is_shown()
-{
-    CustomTextEditor editor({});
-    const my_classes::TableDimensionInputDialog table;
-    const my_classes::SearchDialog search(editor.text_edit);
-    const my_classes::MainWindow window;
-    const my_classes::DownloadDialog download(u"none:"_s, {}, {});
-    my_classes::DownloadDialog named(u"none:"_s, {}, {});
-    named.setWindowTitle(u"The host's"_s);
-    const Brackets brackets;
-    QCoreApplication::installTranslator(const_cast<Brackets *>(&brackets));
-    QCoreApplication::sendPostedEvents();
-    QCOMPARE(editor.bold_action->text(), u"<Bold>"_s);
-    QCOMPARE(editor.suggestionsComboBox->placeholderText(), u"<Spellcheck Suggestions>"_s);
-    QCOMPARE(editor.text_edit->accessibleName(), u"<Document>"_s);
-    QCOMPARE(table.windowTitle() + table.ok_button->text(), u"<Table Dimensión><Ok>"_s);
-    QCOMPARE(search.windowTitle() + search.next_button->text(), u"<Find and Replace><Find Next>"_s);
-    QCOMPARE(window.windowTitle(), u"<MainWindow with CustomTextEditor>"_s);
-    QCOMPARE(download.windowTitle(), u"<Download File>"_s);
-    QVERIFY(download.findChild<QPushButton *>()->text().startsWith(u"<C"_s)); // Cancel, or Close
-    QCOMPARE(named.windowTitle(), u"The host's"_s);
-    QCoreApplication::removeTranslator(const_cast<Brackets *>(&brackets));
-    QCoreApplication::sendPostedEvents();
-    QCOMPARE(editor.action(EditorCommand::RemoveRows)->text(), u"Remove Rows"_s);
 }
 
 void TstCommands::lines_on_standard_output_can_be_silenced()

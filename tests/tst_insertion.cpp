@@ -9,7 +9,6 @@
 #include <QtGui/QPainter>
 #include <QtGui/QWindow>
 #include <QtWidgets/QLineEdit>
-#include <QtWidgets/QToolBar>
 
 using namespace Qt::StringLiterals;
 using test_support::answer_next_dialog;
@@ -65,10 +64,7 @@ struct Editor : my_classes::CustomTextEditor
         : CustomTextEditor({})
     {
         text_edit->setPlainText(text);
-        QTextCursor cursor = text_edit->textCursor();
-        cursor.setPosition(from);
-        cursor.setPosition(to, QTextCursor::KeepAnchor);
-        text_edit->setTextCursor(cursor);
+        test_support::select(text_edit, from, to);
         resize(900, 700);
         show();
     }
@@ -77,11 +73,7 @@ struct Editor : my_classes::CustomTextEditor
     void trigger(const QString &text, const QList<Answer> &answers = {})
     {
         answer_dialogs(answers);
-        for (QAction *action : toolbar->actions()) {
-            if (action->text() == text)
-                return action->trigger();
-        }
-        QFAIL("no such action");
+        test_support::with_text<QAction>(*this, text)->trigger();
     }
 
     QTextImageFormat image() const

@@ -26,9 +26,7 @@ std::unique_ptr<CustomTextEditor> marking_editor()
     auto editor = std::make_unique<CustomTextEditor>(std::optional<QFont>(), nullptr, u"en_US"_s);
     editor->resize(900, 500);
     editor->set_marking_while_writing(true);
-    editor->show();
-    editor->text_edit->setFocus();
-    (void)QTest::qWaitForWindowActive(editor.get());
+    test_support::show_active(*editor);
     return editor;
 }
 

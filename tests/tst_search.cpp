@@ -347,10 +347,7 @@ void TstSearch::from_the_editor_by_keys_and_mouse()
     QCOMPARE(dialog->search_input->selectedText(), u"cat"_s);
 
     editor->text_edit->selectAll();
-    for (auto *action : editor->findChildren<QAction *>()) {
-        if (action->text() == u"Search"_s)
-            action->trigger();
-    }
+    editor->action(my_classes::EditorCommand::Search)->trigger();
     QVERIFY(!dialog);
     const QPointer<SearchDialog> anew = editor->search_dialog;
     QCOMPARE(anew->search_input->text(), QString());

@@ -26,6 +26,8 @@ using my_classes::CustomHighlighter;
 using my_classes::CustomTextEditor;
 using my_spellchecker::MySpellChecker;
 using test_support::plain_underlines;
+using test_support::select;
+using test_support::show_active;
 using test_support::underlines;
 using test_support::word_list_directory;
 using test_support::write_dictionary;
@@ -84,13 +86,6 @@ QString any_of(const QStringList &parts, int most, QRandomGenerator *random)
     for (int i = random->bounded(most + 1); i > 0; --i)
         text += parts[random->bounded(parts.size())];
     return text;
-}
-
-void put_cursor(CustomTextEditor *editor, int position)
-{
-    QTextCursor cursor = editor->text_edit->textCursor();
-    cursor.setPosition(position);
-    editor->text_edit->setTextCursor(cursor);
 }
 
 /// Whether a person can correct the word under the cursor, add it to the dictionary.
@@ -286,7 +281,7 @@ void TstSpelling::underlining_leaves_composed_text_alone()
 {
     CustomTextEditor editor({}, nullptr, u"en_US"_s);
     editor.text_edit->setPlainText(u"teh wrod"_s);
-    put_cursor(&editor, 4);
+    select(editor.text_edit, 4);
     QTextCharFormat dotted;
     dotted.setUnderlineStyle(QTextCharFormat::DotLine);
     QInputMethodEvent compose(u"xyz"_s, {{QInputMethodEvent::TextFormat, 0, 3, dotted}});
@@ -312,8 +307,7 @@ void TstSpelling::first_misspelled_word_is_shown()
     };
     CustomTextEditor editor({}, nullptr, u"en_US"_s);
     connect(&editor, &CustomTextEditor::check_spelling_done, &editor, &CustomTextEditor::show_first_misspelled);
-    editor.show();
-    QVERIFY(QTest::qWaitForWindowActive(&editor));
+    show_active(editor);
     for (const auto &[text, word, position] : rows) {
         editor.text_edit->setPlainText(text);
         editor.text_edit->selectAll();
@@ -337,8 +331,7 @@ void TstSpelling::person_corrects_and_adds_words()
     editor.text_edit->setHtml(u"We <b><i>teh</i></b> qzxqzxqzxqzx, Teh."_s);
     const QString before = editor.get_text_content();
     const QTextBlock block = editor.text_edit->document()->firstBlock();
-    editor.show();
-    QVERIFY(QTest::qWaitForWindowActive(&editor));
+    show_active(editor);
     QTest::keyClick(editor.text_edit, Qt::Key_F7);
     QCOMPARE(underlines(block), u"   ^~~ ^~~~~~~~~~~~  ^~~"_s);
 
@@ -346,7 +339,7 @@ void TstSpelling::person_corrects_and_adds_words()
     QStringList in_order = suggestions;
     in_order.sort();
     QVERIFY(suggestions.size() > 1 && suggestions.first() != in_order.first());
-    const QString lines = test_support::standard_output_of([&] { put_cursor(&editor, 4); });
+    const QString lines = test_support::standard_output_of([&] { select(editor.text_edit, 4); });
     QCOMPARE(lines, u"Misspelled word: teh\nSuggestions: ['%1']\n"_s.arg(suggestions.join(u"', '"_s)));
     QStringList offered;
     for (int i = 0; i < editor.suggestionsComboBox->count(); ++i)
@@ -365,7 +358,7 @@ void TstSpelling::person_corrects_and_adds_words()
     QCOMPARE(editor.text_edit->textCursor().position(), 4);
     QVERIFY(!editor.text_edit->document()->isUndoAvailable());
 
-    put_cursor(&editor, 12);
+    select(editor.text_edit, 12);
     QCOMPARE(offers(editor), u"add"_s);
     editor.correct_word(); // with nothing to put there
     QCOMPARE(editor.get_text_content(), before);
@@ -377,9 +370,9 @@ void TstSpelling::person_corrects_and_adds_words()
     QCOMPARE(underlines(block), u"   ^~~               ^~~"_s);
     QCOMPARE(offers(editor), QString());
 
-    put_cursor(&editor, 23); // capitals: in lower case this is in the list
+    select(editor.text_edit, 23); // capitals: in lower case this is in the list
     QCOMPARE(offers(editor), u"correct "_s);
-    put_cursor(&editor, 1);
+    select(editor.text_edit, 1);
     QCOMPARE(offers(editor), QString());
     QCOMPARE(editor.suggestionsComboBox->count(), 0);
 }
@@ -398,7 +391,7 @@ void TstSpelling::word_under_cursor_is_corrected()
         for (int position = 0; position < words.size(); ++position) {
             editor.text_edit->setPlainText(text);
             editor.highlighter->setMisspelled({u"dno't"_s, u"dno’t"_s, u"teh"_s, u"Dno’tt"_s});
-            put_cursor(&editor, position);
+            select(editor.text_edit, position);
             const QString lines = test_support::standard_output_of([&] { editor.update_suggestions(); });
             const qsizetype start = words.indexOf(words[position]);
             const qsizetype length = words.count(words[position]) - 1;
@@ -439,7 +432,7 @@ void TstSpelling::clearing_highlights_keeps_other_formats()
     editor.check_spelling();
     editor.search_results = {1, 2};
     editor.current_search_index = 1;
-    put_cursor(&editor, 2);
+    select(editor.text_edit, 2);
     editor.clear_highlights();
     QVERIFY(editor.search_results.isEmpty() && editor.current_search_index == -1);
     QTextCursor cursor = editor.text_edit->textCursor();

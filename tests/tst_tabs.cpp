@@ -71,9 +71,7 @@ void TstTabs::init()
     for (const QString &name : {u"Notas"_s, u"Intro"_s, u"<b>Fin</b>"_s})
         m_tabs->addTab(new QTextEdit, name);
     m_window->resize(700, 400);
-    m_window->show();
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    test_support::show_active(*m_window);
 }
 
 void TstTabs::rename_data()
@@ -201,9 +199,7 @@ void TstTabs::field_in_a_dialog()
     QSignalSpy pressed(&button, &QPushButton::clicked);
     QSignalSpy heard(&shortcut, &QShortcut::activated);
     connect(tabs, &EditableTabWidget::tab_renamed, &dialog, [&] { delete std::exchange(tabs, nullptr); });
-    dialog.show();
-    dialog.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    test_support::show_active(dialog);
     tabs->editTabTitle(0);
     QTest::keyClicks(tabs->line_edit, u" \r"_s); // refused without a status bar
     QVERIFY(tabs->line_edit && tabs->tabText(0) == u"Uno");

@@ -128,27 +128,26 @@ void TstTranslations::catalogues()
 
 void TstTranslations::no_text_is_left_out()
 {
-    PseudoTranslator translator;
-    QCoreApplication::installTranslator(&translator);
-
     MainWindow window;
     window.show();
     window.text_editor->set_text_content(u"A chaptre."_s);
     window.text_editor->check_spelling();
-    QCOMPARE(left_out(&window), QStringList());
-    QCOMPARE(left_out_of_dialog([&] { window.text_editor->insert_table(); }), QStringList());
-
     SearchDialog search(window.text_editor->text_edit);
-    search.show();
-    QCOMPARE(left_out(&search), QStringList());
     search.search_input->setText(u"nowhere"_s);
+    ImageSizeInputDialog size(16, 9);
+    DownloadDialog failed(u"none:"_s, {}, {});
+    failed.setWindowTitle(u"The host's"_s);
+    QTRY_COMPARE(failed.labelText(), u"Error en la descarga"_s);
+
+    PseudoTranslator translator; // a language that comes while all this is in sight
+    QCoreApplication::installTranslator(&translator);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(failed.windowTitle() + failed.labelText(), u"The host's‹Error en la descarga›"_s);
+    QCOMPARE(left_out(&window) + left_out(&search) + left_out(&size), QStringList());
+    QCOMPARE(left_out_of_dialog([&] { window.text_editor->insert_table(); }), QStringList());
     QCOMPARE(left_out_of_dialog([&] { search.find_next(); }), QStringList());
     QCOMPARE(left_out_of_dialog([&] { search.find_all_matches(); }), QStringList());
     QCOMPARE(left_out_of_dialog([&] { search.replace_all(); }), QStringList());
-
-    ImageSizeInputDialog size(16, 9);
-    QCOMPARE(left_out(&size), QStringList());
-
     QMainWindow host;
     auto *tabs = new EditableTabWidget;
     host.setCentralWidget(tabs);
@@ -160,7 +159,6 @@ void TstTranslations::no_text_is_left_out()
     QCOMPARE(left_out(&host), QStringList());
     QCOMPARE(left_out_of_dialog([&] { tabs->closeTab(0); }), QStringList());
     QCOMPARE(left_out_of_dialog([&] { tabs->msgbox_confirm(u"?"_s); }), QStringList());
-
     DownloadDialog failing(u"none:"_s, {}, {});
     QCOMPARE(left_out(&failing), QStringList());
     QTRY_COMPARE(failing.labelText(), u"‹Error en la descarga›"_s);
@@ -168,6 +166,10 @@ void TstTranslations::no_text_is_left_out()
     DownloadDialog cancelled(u"none:"_s, {}, {});
     cancelled.cancel();
     QCOMPARE(left_out(&cancelled), QStringList());
+
+    QCoreApplication::removeTranslator(&translator);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(window.text_editor->action(EditorCommand::RemoveRows)->text(), u"Remove Rows"_s);
 }
 
 MY_CLASSES_TEST_MAIN(TstTranslations)

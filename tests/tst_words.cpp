@@ -53,8 +53,7 @@ void TstWords::host_finds_and_judges_words()
 {
     CustomTextEditor editor({}, nullptr, u"en_US"_s);
     editor.resize(900, 500);
-    editor.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&editor));
+    test_support::show_active(editor);
     editor.text_edit->setPlainText(u"I saw dno't, \n\nthe end. "_s + QString(4'000, u'x').replace(u"xxx"_s, u"xx "_s));
     QCOMPARE(word_at(editor, 8).selectedText(), u"dno't"_s);
     QVERIFY(!word_at(editor, 13).hasSelection());
@@ -91,9 +90,7 @@ void TstWords::host_replaces_a_word()
     QCOMPARE(editor.get_html_content(), before);
     editor.text_edit->setReadOnly(false);
 
-    QTextCursor caret = editor.text_edit->textCursor();
-    caret.movePosition(QTextCursor::End);
-    editor.text_edit->setTextCursor(caret);
+    editor.text_edit->moveCursor(QTextCursor::End);
     editor.replace_word(word, u"The"_s);
     QCOMPARE(editor.get_html_content(), QString(before).replace(u"Teh"_s, u"The"_s));
     QCOMPARE(editor.text_edit->textCursor().position(), 11);
@@ -202,8 +199,7 @@ void TstWords::language_changes_whole_or_not_at_all()
 void TstWords::editor_without_spelling_does_everything_else()
 {
     CustomTextEditor editor({}, nullptr, u""_s);
-    editor.show();
-    QVERIFY(QTest::qWaitForWindowActive(&editor));
+    test_support::show_active(editor);
     QTest::keyClicks(editor.text_edit, u"Teh wrod."_s);
     QVERIFY(!editor.spellchecker && !editor.checkAction->isEnabled() && !editor.suggestionsComboBox->isEnabled());
     QCOMPARE(editor.word_count_label->text(), u"1 sentences | 2 words | 9 characters"_s);

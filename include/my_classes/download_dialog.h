@@ -61,6 +61,7 @@ protected:
 
 private:
     void set_texts();
+    void show_state(const char *state);
     void show_progress(int percent);
     void settle(DownloadOutcome outcome);
     void show_failure();
@@ -68,6 +69,8 @@ private:
 
     QString m_title;
     QString m_button_text;
+    const char *m_state = nullptr;
+    QString m_state_text;
     DownloadOutcome m_outcome = DownloadOutcome::Pending;
     bool m_cancelled = false;
     bool m_is_executing = false;

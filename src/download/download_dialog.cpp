@@ -73,7 +73,16 @@ void DownloadDialog::set_texts()
         setWindowTitle(m_title = tr("Download File"));
     if (auto *button = findChild<QPushButton *>(); button && button->text() == m_button_text)
         button->setText(m_button_text = m_outcome == DownloadOutcome::Pending ? tr("Cancel") : tr("Close"));
+    if (m_state && labelText() == m_state_text)
+        show_state(m_state);
     findChild<QProgressBar *>()->setAccessibleName(tr("Download progress"));
+}
+
+/// In the label, in whatever language there is; `state` is untranslated.
+void DownloadDialog::show_state(const char *state)
+{
+    m_state = state;
+    setLabelText(m_state_text = tr(state));
 }
 
 DownloadOutcome DownloadDialog::outcome() const
@@ -132,10 +141,10 @@ void DownloadDialog::on_download_finished(bool success)
     if (success && m_cancelled)
         QFile::remove(downloader->file_path); // the last byte came just before the cancel
     if (success && !m_cancelled) {
-        setLabelText(tr("Descarga completada"));
+        show_state(QT_TR_NOOP("Descarga completada"));
         accept();
     } else {
-        setLabelText(tr("Error en la descarga"));
+        show_state(QT_TR_NOOP("Error en la descarga"));
         if (!m_cancelled)
             show_failure();
     }
@@ -186,7 +195,7 @@ void DownloadDialog::on_download_cancelled()
     if (m_outcome == DownloadOutcome::Completed || m_outcome == DownloadOutcome::Failed)
         return;
     m_cancelled = true;
-    setLabelText(tr("Descarga cancelada"));
+    show_state(QT_TR_NOOP("Descarga cancelada"));
     cancel();
 }
 

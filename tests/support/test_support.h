@@ -3,15 +3,18 @@
 
 #pragma once
 
+#include <QtCore/QBuffer>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTemporaryFile>
 #include <QtCore/QTimer>
+#include <QtGui/QTextBlock>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QDialog>
+#include <QtWidgets/QTextEdit>
 
 #include <cstdio>
 #include <functional>
@@ -50,6 +53,56 @@ private:
 
     QTemporaryDir m_directory;
 };
+
+inline void show_active(QWidget &window)
+{
+    window.show();
+    window.activateWindow();
+    if (!QTest::qWaitForWindowActive(&window))
+        qFatal("The window does not become active");
+}
+
+/// Selects from `anchor` to `position`; without one, puts the cursor there.
+inline void select(QTextEdit *area, int anchor, int position = -1)
+{
+    QTextCursor cursor = area->textCursor();
+    cursor.setPosition(anchor);
+    cursor.setPosition(position < 0 ? anchor : position, QTextCursor::KeepAnchor);
+    area->setTextCursor(cursor);
+}
+
+/// The first paragraph, with its bold parts in brackets.
+inline QString bold_in_brackets(const QTextDocument *document)
+{
+    QString text;
+    const QTextBlock block = document->firstBlock();
+    for (auto part = block.begin(); !part.atEnd(); ++part) {
+        const bool is_bold = part.fragment().charFormat().fontWeight() == QFont::Bold;
+        text += (is_bold ? QStringLiteral("[%1]") : QStringLiteral("%1")).arg(part.fragment().text());
+    }
+    return text.remove(QStringLiteral("]["));
+}
+
+/// An embedded red picture.
+inline QString picture_html(int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QBuffer png;
+    image.save(&png, "PNG");
+    return QStringLiteral("<img src='data:image/png;base64,%1'>").arg(QString::fromLatin1(png.data().toBase64()));
+}
+
+/// The button or action with that text.
+template<typename Item>
+Item *with_text(const QObject &parent, const QString &text)
+{
+    for (Item *item : parent.findChildren<Item *>()) {
+        if (item->text() == text)
+            return item;
+    }
+    qFatal("Nothing says \"%s\"", qPrintable(text));
+}
 
 /// Gives the next modal dialog to `answer`, as soon as there is one.
 inline void answer_next_dialog(const std::function<void(QDialog *)> &answer)
