@@ -131,6 +131,18 @@ Printed print(const QList<const CustomTextEditor *> &editors, const QString &tit
     return printed;
 }
 
+/// What the statistics have to say, counted from scratch.
+my_classes::EditorCounts recount(const QTextEdit *area)
+{
+    const QString selected = area->textCursor().selectedText();
+    const QString text = selected.isEmpty() ? area->toPlainText() : selected;
+    int sentences = 0;
+    for (const QString &piece : QString(text).replace(u'!', u'.').replace(u'?', u'.').split(u'.'))
+        sentences += piece.trimmed().isEmpty() ? 0 : 1;
+    const qsizetype words = text.simplified().split(u' ', Qt::SkipEmptyParts).size();
+    return {sentences, int(words), int(text.toUcs4().size()), !selected.isEmpty()};
+}
+
 class HostsPictures : public QObject, public QTextObjectInterface
 {
     Q_OBJECT
@@ -157,6 +169,7 @@ private Q_SLOTS:
     void modified_by_edits_only();
     void tells_of_counts_zoom_and_read_only();
     void commands_respect_read_only();
+    void counts_equal_a_recount();
     void statistics_notice_everything();
     void documents_are_left_as_found();
     void deleted_in_slots();
@@ -412,6 +425,37 @@ void TstContent::commands_respect_read_only()
     editor.set_read_only(false);
     for (const auto command : {EditorCommand::Bold, EditorCommand::Undo, EditorCommand::ClearFormatting})
         QVERIFY(editor.action(command)->isEnabled());
+}
+
+void TstContent::counts_equal_a_recount()
+{
+    const QString separated =
+        u"w| two words. |A! B?|...|\u00a0|a\u2028b|c\u2029d|x\ny\n\nz|\U0001F600|\xd83d|\xde00|\ufdd0"_s;
+    const QStringList pieces = separated.split(u'|') << u"p. \n"_s.repeated(70);
+    Documents random(1);
+    CustomTextEditor editor(std::nullopt);
+    QTextEdit *text_edit = editor.text_edit;
+    const QTextDocument *document = text_edit->document();
+    for (int i = 0; i < 1500; ++i) {
+        const auto any_position = [&] { return random.below(document->characterCount()); };
+        if (document->characterCount() > 2000 || random.below(100) == 0)
+            text_edit->setHtml(random.html());
+        QTextCursor cursor = text_edit->textCursor();
+        cursor.beginEditBlock();
+        for (int edits = 1 + random.below(3); edits > 0; --edits) {
+            cursor.setPosition(any_position());
+            random.below(3) ? cursor.insertText(random.any_of(pieces)) : cursor.deletePreviousChar();
+        }
+        cursor.endEditBlock();
+        const std::function<void()> more[] = {[] {}, [&] { random.edit(text_edit->document()); },
+                                              [&] { text_edit->undo(); }, [&] { text_edit->redo(); }};
+        more[random.below(4)]();
+        for (const int position : {any_position(), -1}) {
+            select(text_edit, any_position(), position);
+            QVERIFY2(editor.counts() == recount(text_edit),
+                     qPrintable(u"%1: %2"_s.arg(QString::number(i), editor.word_count_label->text())));
+        }
+    }
 }
 
 void TstContent::statistics_notice_everything()
