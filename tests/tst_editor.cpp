@@ -174,7 +174,8 @@ void TstEditor::formatting_takes_the_word()
     // "|" cursor; the word that is taken stands in brackets
     for (const QString &marked :
          {u"one [t|wo] three"_s, u"one [|two] three"_s, u"[one|], two"_s, u"one,| two"_s, u"one -|-- two"_s, u"|"_s,
-          u"I [don'|t] know"_s, u"I [don\u2019t|], no"_s, u"the '[quoted|]' one"_s, u"[est|a\u0301] bien"_s,
+          u"I [don'|t] know"_s, u"I [don\u2019t|], no"_s, u"the '[quoted|]' one"_s, u"“[te|h]” ‘no’"_s,
+          u"“teh” ‘[don’t|]’—teh…"_s, u"[x|]  teh  x"_s, u"x |  teh"_s, u"[est|a\u0301] bien"_s,
           u"x [\U00010437|\U00010437] y"_s, u"\u05d0\u05d1 [\u05d2|\u05d3] \u05d4"_s}) {
         const QString without_cursor = QString(marked).remove(u'|');
         const int place = int(QString(marked).remove(u'[').remove(u']').indexOf(u'|'));
