@@ -13,11 +13,8 @@ clean=$build/clean
 
 make_packages() {
     rm -rf "$debs"
-    cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/usr \
-        -DCMAKE_SKIP_INSTALL_RPATH=ON -DMY_CLASSES_DEBIAN_PACKAGES=ON -DMY_CLASSES_BUILD_TESTS=OFF \
-        -DMY_CLASSES_BUILD_BENCHMARKS=OFF -DMY_CLASSES_BUILD_EXAMPLES=OFF -DCMAKE_UNITY_BUILD=ON \
-        >"$repository/build/configure.log"
-    cmake --build "$build"
+    cmake --preset packages >"$repository/build/configure.log"
+    cmake --build --preset packages
     (cd "$build" && cpack -B "$debs") >"$build/cpack.log" 2>&1 || { cat "$build/cpack.log" >&2; exit 1; }
 }
 
