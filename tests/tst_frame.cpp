@@ -8,9 +8,35 @@
 #include <my_classes/my_utils.h>
 
 #include <QtCore/QScopeGuard>
+#include <QtGui/QIcon>
+#include <QtGui/QPainter>
 #include <QtWidgets/QPushButton>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+const QStringList k_names =
+    u"append2dictionary binoculars bullet-list-square bullet-list clear-formatting clipboard-paste-document-text "
+    "correct-word document-copy edit-alignment-center edit-alignment-justify edit-alignment-left edit-alignment-right "
+    "edit-bold edit-italic edit-underline image-file-add insert-table numbered-list paste-plain-text printer redo "
+    "scissors select-all spell-check undo"_s.split(u' ');
+
+double luminance(const QColor &color)
+{
+    const auto linear = [](double c) { return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+/// The contrast, 1 to 21.
+double contrast(const QColor &a, const QColor &b)
+{
+    return (std::max(luminance(a), luminance(b)) + 0.05) / (std::min(luminance(a), luminance(b)) + 0.05);
+}
+
+} // namespace
 
 class TstFrame : public QObject
 {
@@ -20,6 +46,7 @@ private Q_SLOTS:
     void init() { test_support::fail_on_warnings(); }
     void application_directory();
     void question_answers();
+    void icons_are_sharp_and_stand_out();
 };
 
 void TstFrame::application_directory()
@@ -55,6 +82,40 @@ void TstFrame::question_answers()
         });
         QCOMPARE(my_msgboxes::confirm_warning_yes_no(&parent, u"Title"_s, u"Delete <b>A & B</b>?"_s), expected);
         QVERIFY(parent.findChildren<QDialog *>().isEmpty()); // the box does not stay behind, hidden
+    }
+}
+
+void TstFrame::icons_are_sharp_and_stand_out()
+{
+    const QDir icons(my_classes::app_directory + u"/icons"_s); // drawn as in a 16-pixel tool bar
+    QStringList files = icons.entryList({u"*.png"_s}, QDir::Files);
+    files.sort();
+    QCOMPARE(files, QStringList(k_names).replaceInStrings(QRegularExpression(u"$"_s), u".png"_s));
+    for (const QString &name : k_names) {
+        for (const int ratio : {1, 2}) {
+            QImage image = QIcon(icons.filePath(name + u".png"_s)).pixmap(QSize(16, 16), ratio).toImage();
+            image.setDevicePixelRatio(1);
+            image.convertTo(QImage::Format_ARGB32);
+            QCOMPARE(image.size(), QSize(16, 16) * ratio);
+            for (const QColor &bar : {QColor(0xefefef), QColor(0x353535)}) {
+                QImage seen(image.size(), QImage::Format_RGBX64);
+                seen.fill(bar);
+                QPainter(&seen).drawImage(0, 0, image);
+                double ink = 0;
+                double clear_ink = 0;
+                for (int i = 0; i < image.width() * image.height(); ++i) {
+                    const QPoint at(i % image.width(), i / image.width());
+                    const double alpha = image.pixelColor(at).alphaF();
+                    const bool clear = contrast(seen.pixelColor(at), bar) >= 3;
+                    QVERIFY2(clear || alpha < 1, qPrintable(u"%1 on %2"_s.arg(name, bar.name())));
+                    ink += alpha;
+                    clear_ink += clear ? alpha : 0;
+                }
+                // A hairline beside the pixel grid is all soft edge: it would leave little clear ink.
+                QVERIFY2(clear_ink > 0.15 * image.width() * image.height() && clear_ink > 0.65 * ink,
+                         qPrintable(u"%1 on %2: %3 of %4 clear"_s.arg(name, bar.name()).arg(clear_ink).arg(ink)));
+            }
+        }
     }
 }
 
