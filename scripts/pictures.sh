@@ -2,8 +2,8 @@
 # SPDX-FileCopyrightText: 2026 the my_classes authors
 # SPDX-License-Identifier: MIT
 
-# Takes the pictures of the documentation: starts the real programs, light and dark, on a display of its own, and writes
-# into them as a person would. They go to docs/images.
+# Takes the pictures of the documentation: starts the real programs, light and dark, on a display of its own, and does
+# in them by keyboard what a person would. They go to docs/images; look at them before they are committed.
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
 images=$repository/docs/images
@@ -20,7 +20,7 @@ finish() {
 trap finish EXIT
 
 start_display() {
-    Xvfb -displayfd 1 -screen 0 1280x1024x24 -noreset -nolisten tcp >"$private/display" 2>/dev/null &
+    Xvfb -displayfd 1 -br -screen 0 1280x1024x24 -noreset -nolisten tcp >"$private/display" 2>/dev/null &
     jobs_of_mine+=($!)
     until [[ -s $private/display ]]; do sleep 0.1; done
     export DISPLAY=:$(<"$private/display") QT_QPA_PLATFORM=xcb
@@ -56,6 +56,48 @@ choose_colours() {
 
 write() { xdotool type --delay 15 -- "$1"; }
 press() { xdotool key --delay 60 "$@"; }
+line() { write "$1" && press Return; }
+
+# paste TYPE FILE: from the clipboard.
+paste() {
+    xclip -selection clipboard -t "$1" -i "$2"
+    press ctrl+v
+    sleep 0.5
+}
+
+# start WIDTH HEIGHT PROGRAM [ARGUMENT...]: when its window is up and has been given that size.
+start() {
+    local window=
+    "$build/bin/$3" "${@:4}" >/dev/null 2>&1 &
+    program=$!
+    jobs_of_mine+=("$program")
+    until window=$(xdotool search --onlyvisible --pid "$program" 2>/dev/null | tail -1) && [[ $window ]]; do sleep 0.2; done
+    sleep 1
+    xdotool windowsize --sync "$window" "$1" "$2"
+    sleep 0.5
+}
+
+# What stands on the display, and nothing of the display around it, in few colours.
+shoot() {
+    sleep 1
+    xdotool mousemove 1279 1023
+    import -window root -trim +repage -dither None -colors 255 -define png:compression-level=9 "PNG8:$images/$1_$colours.png"
+}
+
+stop() {
+    kill "$program"
+    wait "$program" 2>/dev/null || true
+}
+
+draw_hills() {
+    convert -size 320x140 gradient:'#7fb2e5-#e8f1fa' -fill '#377d43' -draw 'polygon 0,140 90,45 180,140' \
+        -fill '#5c8d5c' -draw 'polygon 90,140 205,25 320,140' "$private/hills.png"
+}
+
+name_section() {
+    press F2
+    line "$1"
+}
 
 write_a_page() {
     press ctrl+b
@@ -64,30 +106,124 @@ write_a_page() {
     write "It was a drak and stormy night. The rain fell in torrents, except at occasional intervals, when it was "
     write "checked by a violent gust of wind."
     press F7
-    sleep 1
 }
 
-# take NAME PROGRAM: one picture of its window after a page was written.
-take() {
-    "$build/bin/$2" >/dev/null 2>&1 &
-    local program=$! window=
-    jobs_of_mine+=("$program")
-    until window=$(xdotool search --onlyvisible --pid "$program" 2>/dev/null | tail -1) && [[ $window ]]; do sleep 0.2; done
-    sleep 1
+write_of_a_journey() {
+    cat >"$private/journey.html" <<'HTML'
+<p>To pack</p>
+<ol><li>Boots</li><li>Maps</li></ol>
+<table border="1" cellspacing="0" cellpadding="6" style="border-collapse: collapse">
+<tr><td>Day</td><td>Way</td><td>Hours</td></tr><tr><td>Monday</td><td>over the hills</td><td>7</td></tr></table>
+HTML
+    paste text/html "$private/journey.html"
+    press ctrl+End
+    paste image/png "$private/hills.png"
+}
+
+write_of_the_weather() {
+    press ctrl+alt+1
+    line "A year at the weather station"
+    line "The station on the hill has been read every morning at seven. This section tells what was seen, and how often the instruments were wrong."
+    press ctrl+alt+2
+    line "What was measured"
+    line "Three things, none of them twice:"
+    press alt+o l d # a list with discs
+    line "rain, in the copper gauge"
+    line "wind, by the old anemometer"
+    line "temprature, in the shade of the hut"
+    press Return
+    paste image/png "$private/hills.png"
+    press F7
+}
+
+editor() {
+    start 800 520 my_classes
     write_a_page
-    import -window "$window" "$images/$1.png"
-    kill "$program"
-    wait "$program" 2>/dev/null || true
+    shoot editor
+    stop
+    start 800 700 my_classes
+    write_of_a_journey
+    shoot lists_tables_images
+    stop
+}
+
+document_editor() {
+    start 1000 760 my_classes_document_editor
+    name_section Observations
+    press ctrl+t
+    name_section Instruments
+    press ctrl+t
+    name_section Conclusions
+    press ctrl+Prior ctrl+Prior
+    write_of_the_weather
+    shoot document_editor
+    press ctrl+Home ctrl+f
+    sleep 0.5
+    write "station"
+    press Return
+    shoot find_and_replace
+    press Escape
+    press ctrl+End alt+i t
+    shoot table_size
+    press Escape
+    press alt+i p
+    sleep 0.5
+    write "$private/hills.png"
+    press Return
+    shoot image_size
+    press Escape
+    press F2
+    write "The weather"
+    shoot rename_tab
+    stop
+}
+
+# A file of which the second half never comes.
+serve_slowly() {
+    python3 - >"$private/port" <<'PYTHON' &
+import http.server, time
+class Slow(http.server.BaseHTTPRequestHandler):
+    def do_GET(self):
+        self.send_response(200)
+        self.send_header("Content-Length", "100000")
+        self.end_headers()
+        for _ in range(21):
+            self.wfile.write(bytes(2000))
+            self.wfile.flush()
+            time.sleep(0.03)
+        time.sleep(600)
+    def log_message(self, *arguments):
+        pass
+server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Slow)
+print(server.server_port, flush=True)
+server.serve_forever()
+PYTHON
+    jobs_of_mine+=($!)
+    until [[ -s $private/port ]]; do sleep 0.1; done
+}
+
+download() {
+    start 900 420 tabs_and_download
+    press alt+f d
+    line "http://127.0.0.1:$(<"$private/port")/maps.zip"
+    sleep 0.5
+    line "$private/maps.zip"
+    sleep 1
+    shoot download
+    stop
 }
 
 need build headless docs
 cd "$repository"
 cmake --preset release >/dev/null
-cmake --build --preset release >/dev/null
+cmake --build --preset release --target my_classes_program document_editor tabs_and_download >/dev/null
 start_display
+draw_hills
+serve_slowly
 for colours in light dark; do
     choose_colours $colours
-    take "editor_$colours" my_classes
-    [[ ! -x $build/bin/my_classes_document_editor ]] || take "document_editor_$colours" my_classes_document_editor
+    editor
+    document_editor
+    download
 done
 ls -l "$images"
