@@ -5,10 +5,9 @@
 
 #include "book_text.h"
 #include "measure.h"
+#include "windows.h"
 
 #include <my_classes/custom_highlighter.h>
-#include <my_classes/custom_text_editor.h>
-#include <my_classes/my_spellchecker.h>
 
 #include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
@@ -22,51 +21,8 @@
 
 namespace {
 
+using bench::Windows;
 using my_classes::CustomTextEditor;
-
-/// The editor and a plain text area of the size of its own.
-struct Windows
-{
-    explicit Windows(const QString &text)
-        : editor(QFont(QStringLiteral("Liberation Serif"), 12))
-    {
-        editor.resize(1000, 800);
-        editor.show();
-        (void)QTest::qWaitForWindowExposed(&editor);
-        editor.set_text_content(text);
-        plain.setFont(editor.editor_font);
-        plain.resize(editor.text_edit->viewport()->size() + QSize(2 * plain.frameWidth(), 2 * plain.frameWidth()));
-        plain.show();
-        (void)QTest::qWaitForWindowExposed(&plain);
-        plain.setPlainText(text);
-        settle();
-    }
-
-    void settle()
-    {
-        for (QTextEdit *area : {editor.text_edit, &plain}) {
-            area->document()->documentLayout()->documentSize(); // completes the layout
-            QCoreApplication::processEvents();
-        }
-    }
-
-    void put_cursors(QTextCursor::MoveOperation where)
-    {
-        for (QTextEdit *area : {editor.text_edit, &plain}) {
-            QTextCursor cursor = area->textCursor();
-            if (where == QTextCursor::NoMove)
-                cursor.setPosition(area->document()->findBlockByNumber(area->document()->blockCount() / 2).position());
-            else
-                cursor.movePosition(where);
-            area->setTextCursor(cursor);
-            area->ensureCursorVisible();
-        }
-        settle();
-    }
-
-    CustomTextEditor editor;
-    QTextEdit plain;
-};
 
 template<typename Key>
 void press(QTextEdit *area, Key key)
@@ -152,17 +108,14 @@ double marking(Windows &windows, const QSet<QString> &words)
 {
     return thrice([&] {
         windows.editor.highlighter->setMisspelled({});
-        windows.settle();
+        windows.complete_layouts();
         return bench::milliseconds([&] { windows.editor.highlighter->setMisspelled(words); });
     });
 }
 
 void measure_marking(Windows &windows, const QString &text, const QString &size)
 {
-    my_spellchecker::MySpellChecker checker(QStringLiteral("en_US"));
-    QSet<QString> misspelled = checker.check(text);
-    for (int i = 0; misspelled.size() < 20'000; ++i) // words that are listed but stand nowhere
-        misspelled.insert(QStringLiteral("xq%1").arg(i));
+    const QSet<QString> misspelled = bench::words_to_mark(text);
     QSet<QString> few;
     for (const QString &word : misspelled) {
         if (few.size() < 50)
@@ -171,14 +124,13 @@ void measure_marking(Windows &windows, const QString &text, const QString &size)
     bench::print_row(QStringLiteral("marking %1 words / one full layout, %2").arg(misspelled.size()).arg(size),
                      {marking(windows, misspelled), full_layout(&windows.plain, text)}, 1.25);
     // The same places underlined, so that only the number of listed words differs.
-    const QSet<QString> all_marked = misspelled;
     QSet<QString> many = few;
     for (int i = 0; many.size() < 20'000; ++i)
         many.insert(QStringLiteral("xq%1").arg(i));
     bench::print_row(QStringLiteral("marking, 20,000 listed words / 50, %1").arg(size),
                      {marking(windows, many), marking(windows, few)}, 1.5);
-    windows.editor.highlighter->setMisspelled(all_marked);
-    windows.settle();
+    windows.editor.highlighter->setMisspelled(misspelled);
+    windows.complete_layouts();
 }
 
 void measure_loading(Windows &windows, const QString &size)

@@ -6,10 +6,9 @@
 
 #include "book_text.h"
 #include "measure.h"
+#include "windows.h"
 
 #include <my_classes/custom_highlighter.h>
-#include <my_classes/custom_text_editor.h>
-#include <my_classes/my_spellchecker.h>
 
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
@@ -25,65 +24,19 @@
 
 namespace {
 
+using bench::finish_painting;
+using bench::Windows;
 using my_classes::CustomTextEditor;
 
-QSet<QString> marked_words(const QString &text)
+/// With words marked, and after what is put off to quiet moments.
+std::unique_ptr<Windows> marked_windows(const QString &text)
 {
-    my_spellchecker::MySpellChecker checker(QStringLiteral("en_US"));
-    QSet<QString> misspelled = checker.check(text);
-    for (int i = 0; misspelled.size() < 20'000; ++i) // words that are listed but stand nowhere
-        misspelled.insert(QStringLiteral("xq%1").arg(i));
-    return misspelled;
+    auto windows = std::make_unique<Windows>(text);
+    windows->editor.highlighter->setMisspelled(bench::words_to_mark(text));
+    finish_painting();
+    QTest::qWait(3000);
+    return windows;
 }
-
-void finish_painting()
-{
-    QCoreApplication::sendPostedEvents();
-    QCoreApplication::processEvents();
-}
-
-/// The editor and a plain text area of the size of its own.
-struct Windows
-{
-    Windows()
-        : editor(QFont(QStringLiteral("Liberation Serif"), 12))
-    {
-        editor.resize(1000, 800);
-        editor.show();
-        (void)QTest::qWaitForWindowExposed(&editor);
-        plain.setFont(editor.editor_font);
-        plain.resize(editor.text_edit->viewport()->size() + QSize(2 * plain.frameWidth(), 2 * plain.frameWidth()));
-        plain.show();
-        (void)QTest::qWaitForWindowExposed(&plain);
-    }
-
-    explicit Windows(const QString &text)
-        : Windows()
-    {
-        editor.set_text_content(text);
-        plain.setPlainText(text);
-        editor.highlighter->setMisspelled(marked_words(text));
-        finish_painting();
-        QTest::qWait(3000); // what is put off to quiet moments
-    }
-
-    void put_cursors(QTextCursor::MoveOperation where)
-    {
-        for (QTextEdit *area : {editor.text_edit, &plain}) {
-            QTextCursor cursor = area->textCursor();
-            if (where == QTextCursor::NoMove)
-                cursor.setPosition(area->document()->findBlockByNumber(area->document()->blockCount() / 2).position());
-            else
-                cursor.movePosition(where);
-            area->setTextCursor(cursor);
-            area->ensureCursorVisible();
-        }
-        finish_painting();
-    }
-
-    CustomTextEditor editor;
-    QTextEdit plain;
-};
 
 /// Both text areas, turn by turn, with what they repaint.
 template<typename Step>
@@ -175,7 +128,7 @@ void measure_scrolling(Windows &windows, const QString &size)
 
 void measure_marking(Windows &windows, const QString &text, const QString &size)
 {
-    const QSet<QString> words = marked_words(text);
+    const QSet<QString> words = bench::words_to_mark(text);
     windows.editor.highlighter->setMisspelled({});
     finish_painting();
     const bench::Pair times = bench::alternate(
@@ -253,9 +206,8 @@ void measure_loading(const QString &text, const QString &size)
     bench::print_row(QStringLiteral("memory of the loaded text, MB, %1").arg(size), memory, 1.1);
 }
 
-void measure_table(const QString &text, const QString &size)
+void measure_table(Windows &windows, const QString &size)
 {
-    Windows windows(text);
     for (QTextEdit *area : {windows.editor.text_edit, &windows.plain})
         area->document()->rootFrame()->lastCursorPosition().insertTable(3, 3);
     finish_painting();
@@ -264,38 +216,56 @@ void measure_table(const QString &text, const QString &size)
                      both(windows, 11, [](QTextEdit *area) { QTest::keyClick(area, 'x'); }), 1.25);
 }
 
-} // namespace
-
-int main(int argc, char *argv[])
+void measure_growth()
 {
-    const QTemporaryDir home;
-    qputenv("ENCHANT_CONFIG_DIR", home.path().toUtf8());
-    QApplication application(argc, argv);
-    bench::print_header("ours ms", "plain ms");
     double shortest = 0;
     double longest = 0;
     for (const int words : {10'000, 30'000, 100'000, 300'000, 1'000'000}) {
-        Windows windows(bench::book_text(words));
-        windows.put_cursors(QTextCursor::Start);
-        const bench::Pair times = both(windows, 41, [](QTextEdit *area) { QTest::keyClick(area, 'x'); });
+        const std::unique_ptr<Windows> windows = marked_windows(bench::book_text(words));
+        windows->put_cursors(QTextCursor::Start);
+        const bench::Pair times = both(*windows, 41, [](QTextEdit *area) { QTest::keyClick(area, 'x'); });
         bench::print_row(QStringLiteral("key press at the start, %L1 words").arg(words), times,
                          words < 100'000 ? 1.5 : 0.5);
         shortest = words == 10'000 ? times.ours : shortest;
         longest = times.ours;
     }
     bench::print_row(QStringLiteral("key press, 1,000,000 words / 10,000 words"), {longest, shortest}, 1.5);
-    for (const int words : {100'000, 1'000'000}) {
+}
+
+} // namespace
+
+/// Named groups of rows only, and a single length, if the command line has them: "bench_long edits end 1000000".
+int main(int argc, char *argv[])
+{
+    const QTemporaryDir home;
+    qputenv("ENCHANT_CONFIG_DIR", home.path().toUtf8());
+    QApplication application(argc, argv);
+    QStringList groups = QCoreApplication::arguments().mid(1);
+    QList<int> lengths{100'000, 1'000'000};
+    if (!groups.isEmpty() && groups.last().toInt() > 0)
+        lengths = {groups.takeLast().toInt()};
+    const auto wants = [&](const char *group) { return groups.isEmpty() || groups.contains(QLatin1StringView(group)); };
+    bench::print_header("ours ms", "plain ms");
+    if (wants("growth"))
+        measure_growth();
+    for (const int words : std::as_const(lengths)) {
         const QString size = QStringLiteral("%L1 words").arg(words);
         const QString text = bench::book_text(words);
-        {
-            Windows windows(text);
-            measure_edits(windows, size, words == 1'000'000 ? 0.1 : 0.5);
-            measure_end(windows, size);
-            measure_scrolling(windows, size);
-            measure_marking(windows, text, size);
+        if (wants("edits") || wants("end") || wants("scrolling") || wants("marking") || wants("table")) {
+            const std::unique_ptr<Windows> windows = marked_windows(text);
+            if (wants("edits"))
+                measure_edits(*windows, size, words >= 1'000'000 ? 0.1 : 0.5);
+            if (wants("end"))
+                measure_end(*windows, size);
+            if (wants("scrolling"))
+                measure_scrolling(*windows, size);
+            if (wants("marking"))
+                measure_marking(*windows, text, size);
+            if (wants("table"))
+                measure_table(*windows, size);
         }
-        measure_loading(text, size);
-        measure_table(text, size);
+        if (wants("loading"))
+            measure_loading(text, size);
     }
     return 0;
 }

@@ -5,10 +5,9 @@
 
 #include "book_text.h"
 #include "measure.h"
+#include "windows.h"
 
 #include <my_classes/custom_highlighter.h>
-#include <my_classes/custom_text_editor.h>
-#include <my_classes/my_spellchecker.h>
 
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QAbstractTextDocumentLayout>
@@ -19,14 +18,10 @@ namespace {
 
 using my_classes::CustomTextEditor;
 
-struct Window
+struct Window : bench::EditorWindow
 {
     explicit Window(const QString &text)
-        : editor(QFont(QStringLiteral("Liberation Serif"), 12))
     {
-        editor.resize(1000, 800);
-        editor.show();
-        (void)QTest::qWaitForWindowExposed(&editor);
         editor.set_text_content(text);
         editor.check_spelling();
         editor.text_edit->document()->documentLayout()->documentSize(); // completes the layout
@@ -38,8 +33,6 @@ struct Window
         QTest::keyClick(editor.text_edit, key);
         QCoreApplication::processEvents(); // with what it repaints
     }
-
-    CustomTextEditor editor;
 };
 
 /// Milliseconds of the longest turn of the event loop until `done`.

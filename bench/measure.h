@@ -3,23 +3,32 @@
 
 #pragma once
 
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QString>
 
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <vector>
 
 namespace bench {
+
+/// Milliseconds on the clock, or of the processor's work where MY_CLASSES_BENCH_CLOCK is "processor": these do not
+/// depend on what else the machine does, or not as much.
+inline double now()
+{
+    static const bool of_processor = qgetenv("MY_CLASSES_BENCH_CLOCK") == "processor";
+    timespec time{};
+    clock_gettime(of_processor ? CLOCK_PROCESS_CPUTIME_ID : CLOCK_MONOTONIC, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
 
 /// Milliseconds that `work` takes.
 template<typename Work>
 double milliseconds(const Work &work)
 {
-    QElapsedTimer timer;
-    timer.start();
+    const double start = now();
     work();
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+    return now() - start;
 }
 
 inline double median(std::vector<double> values)
