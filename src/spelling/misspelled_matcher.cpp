@@ -6,6 +6,8 @@
 #include "frame/code_points.h"
 #include "spelling/word_characters.h"
 
+#include <QtCore/QtMath>
+
 #include <algorithm>
 
 namespace my_classes {
@@ -13,6 +15,8 @@ namespace my_classes {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr qsizetype k_beginnings_per_word = 16; // places: one in 16 unlisted words is looked up for nothing
 
 bool is_word_character_before(QStringView text, qsizetype position)
 {
@@ -24,16 +28,25 @@ bool is_word_character_at(QStringView text, qsizetype position)
     return position < text.size() && is_word_character(code_point_at(text, position).value);
 }
 
-/// End of the run of word characters that starts at `position`.
-qsizetype run_end(QStringView text, qsizetype position)
+/// A run of word characters.
+struct Run
 {
+    qsizetype end;
+    quint32 hash;
+};
+
+/// The one that starts at `position`; empty if there is none.
+Run run_at(QStringView text, qsizetype position)
+{
+    quint32 hash = 0x811c9dc5; // FNV-1a
     while (position < text.size()) {
         const CodePoint c = code_point_at(text, position);
         if (!is_word_character(c.value))
             break;
+        hash = (hash ^ c.value) * 0x01000193;
         position += c.length;
     }
-    return position;
+    return {position, hash ^ (hash >> 16)};
 }
 
 /// Whether `word`, taken as a pattern, matches itself and nothing else.
@@ -69,14 +82,30 @@ void MisspelledMatcher::add(const QString &word)
 {
     if (is_word_character_at(word, 0) && is_literal(word) && word.isValidUtf16()) {
         m_words.insert(word);
-        const qsizetype first_run = run_end(word, 0);
-        if (first_run < word.size())
-            m_compound_lengths[word.left(first_run)].insert(word.size());
+        const Run first = run_at(word, 0);
+        note_beginning(first.hash);
+        if (first.end < word.size())
+            m_compound_lengths[word.left(first.end)].insert(word.size());
         return;
     }
     QRegularExpression pattern(u"\\b"_s + word + u"\\b"_s, QRegularExpression::UseUnicodePropertiesOption);
     if (pattern.isValid())
         m_patterns.push_back(pattern);
+}
+
+void MisspelledMatcher::note_beginning(quint32 hash)
+{
+    if (m_words.size() * k_beginnings_per_word > static_cast<qsizetype>(m_beginnings.size())) {
+        m_beginnings.assign(qNextPowerOfTwo(static_cast<quint64>(2 * m_words.size() * k_beginnings_per_word)), false);
+        for (const QString &word : std::as_const(m_words))
+            m_beginnings[run_at(word, 0).hash & (m_beginnings.size() - 1)] = true;
+    }
+    m_beginnings[hash & (m_beginnings.size() - 1)] = true;
+}
+
+bool MisspelledMatcher::may_begin_a_word(quint32 hash) const
+{
+    return !m_beginnings.empty() && m_beginnings[hash & (m_beginnings.size() - 1)];
 }
 
 QList<MisspelledMatcher::Range> MisspelledMatcher::ranges(const QString &text) const
@@ -86,17 +115,17 @@ QList<MisspelledMatcher::Range> MisspelledMatcher::ranges(const QString &text) c
         return found;
     QHash<QString, int> free_from; // per compound word: its matches do not overlap each other
     for (qsizetype position = 0; position < text.size();) {
-        const CodePoint c = code_point_at(text, position);
-        if (!is_word_character(c.value)) {
-            position += c.length;
+        const auto [end, hash] = run_at(text, position);
+        if (end == position) {
+            position += code_point_at(text, position).length;
             continue;
         }
-        const qsizetype end = run_end(text, position + c.length);
-        const QString run = QString::fromRawData(text.constData() + position, end - position);
-        if (m_words.contains(run))
-            found.append({static_cast<int>(position), static_cast<int>(end - position)});
-        if (!m_compound_lengths.isEmpty())
+        if (may_begin_a_word(hash)) {
+            const QString run = QString::fromRawData(text.constData() + position, end - position);
+            if (m_words.contains(run))
+                found.append({static_cast<int>(position), static_cast<int>(end - position)});
             add_compound_matches(text, run, static_cast<int>(position), &free_from, &found);
+        }
         position = end;
     }
     add_pattern_matches(text, &found);

@@ -37,12 +37,15 @@ public:
     bool is_empty() const { return m_words.isEmpty() && m_patterns.empty(); }
 
 private:
+    void note_beginning(quint32 hash);
+    bool may_begin_a_word(quint32 hash) const;
     void add_compound_matches(const QString &text, const QString &first_run, int start, QHash<QString, int> *free_from,
                               QList<Range> *found) const;
     void add_pattern_matches(const QString &text, QList<Range> *found) const;
 
     QSet<QString> m_words;                              // that are what they say and begin with a word character
     QHash<QString, QSet<qsizetype>> m_compound_lengths; // of those with others in them, by their first run
+    std::vector<bool> m_beginnings;                     // by the hash of a first run: spares looking most words up
     std::vector<QRegularExpression> m_patterns;
 };
 

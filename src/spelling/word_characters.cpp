@@ -40,7 +40,7 @@ std::unique_ptr<Page> make_page(char32_t first)
 
 } // namespace
 
-bool is_word_character(char32_t c)
+bool is_word_character_by_expression(char32_t c)
 {
     static std::array<std::unique_ptr<Page>, k_page_count> pages;
     if (c >= 0x110000)
