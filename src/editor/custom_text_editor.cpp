@@ -102,7 +102,6 @@ void CustomTextEditor::create_text_area(QBoxLayout *column)
 {
     text_edit = new TextArea(this);
     word_count_label = new StatusLabel(this); // not without a parent: what follows may throw
-    text_edit->setStyleSheet(u"QTextEdit { padding: 50px; border: 1px solid lightgray; }"_s);
     text_edit->setAutoFormatting(QTextEdit::AutoAll);
     connect(text_edit, &QTextEdit::cursorPositionChanged, this, &CustomTextEditor::update_from_cursor);
     connect(text_edit, &QTextEdit::textChanged, this, &CustomTextEditor::count_words);

@@ -4,12 +4,11 @@
 #pragma once
 
 #include "editor/text_statistics.h"
+#include "frame/sum_tree.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
 #include <QtGui/QTextDocument>
-
-#include <vector>
 
 QT_BEGIN_NAMESPACE
 class QTextBlock;
@@ -18,10 +17,8 @@ QT_END_NAMESPACE
 
 namespace my_classes {
 
-/// The counts of a document, kept per paragraph and up to date from its change notifications.
-///
-/// The paragraphs' counts are the leaves of a binary tree whose inner nodes hold the counts of all below, so that an
-/// edit inside a paragraph costs that paragraph and the logarithm of their number.
+/// The counts of a document, kept per paragraph and up to date from its change notifications: an edit costs the
+/// paragraphs that it touches and the logarithm of their number.
 class DocumentStatistics : public QObject
 {
     Q_OBJECT
@@ -46,15 +43,11 @@ private:
     void update(int position, int removed, int added);
     void recount_everything();
     bool is_current() const;
-    void resize_leaves(int first, int old_count, int new_count);
-    void refresh_parents(int first, int last);
-    TextCounts of_blocks(int first, int end) const;
 
     QPointer<QTextDocument> m_document;
-    bool m_is_told = false; // of the change that is being finished
-    int m_block_count = 0;
-    int m_capacity = 0;             // leaves that fit, a power of two
-    std::vector<TextCounts> m_tree; // root at 1, leaf of block i at m_capacity + i
+    bool m_is_told = false;  // of the change that is being finished
+    bool m_is_known = false; // what the paragraphs count
+    SumTree<TextCounts, TextCounts> m_paragraphs;
 };
 
 } // namespace my_classes

@@ -16,6 +16,7 @@
 #include <QtCore/QtMath>
 #include <QtGui/QPixmap>
 #include <QtGui/QWheelEvent>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QScrollBar>
 
 namespace my_classes {
@@ -25,6 +26,7 @@ constexpr int k_page_margin = 50;              // pixels
 constexpr int k_overshoot = 2;                 // pixels
 constexpr QSize k_largest_minimum(600, 300);   // pixels
 constexpr qint64 k_largest_file = 100'000'000; // bytes
+constexpr QLatin1StringView k_style("QTextEdit { padding: 50px; border: 1px solid lightgray; }");
 
 /// Whether reading the file comes to an end: a device may not, a pipe may not even begin. Neither has a size.
 bool is_readable_in_full(const QString &path)
@@ -39,6 +41,7 @@ TextArea::TextArea(CustomTextEditor *editor)
     , m_editor(editor)
 {
     new StillView(this); // typing costs the same in a long text
+    setStyleSheet(k_style);
     setViewportMargins(k_page_margin, k_page_margin, k_page_margin, k_page_margin);
     // Qt's line breaking can let an underlined word overshoot its line by a fraction of a pixel. That is nothing to
     // scroll to, and a second scroll bar makes every repaint dearer.
@@ -66,6 +69,17 @@ QSize TextArea::minimumSizeHint() const
     return text.boundedTo(k_largest_minimum)
         .grownBy(QMargins(0, 0, margin, margin))
         .grownBy(contentsMargins() + viewportMargins());
+}
+
+/// Scrolling moves what is shown and paints only what comes into view where the area below is filled. A style sheet
+/// switches that off, since it may draw there; ours does not.
+void TextArea::fill_background()
+{
+    bool may_be_drawn_on = !qApp->styleSheet().isEmpty() || styleSheet() != k_style;
+    for (const QWidget *parent = parentWidget(); parent; parent = parent->parentWidget())
+        may_be_drawn_on = may_be_drawn_on || !parent->styleSheet().isEmpty();
+    const QBrush base = viewport()->palette().base();
+    viewport()->setAutoFillBackground(!may_be_drawn_on && base.style() == Qt::SolidPattern && base.isOpaque());
 }
 
 void TextArea::scroll_by_wheel(QWheelEvent *event)
@@ -103,7 +117,29 @@ bool TextArea::event(QEvent *event)
         m_editor->wheel_event(static_cast<QWheelEvent *>(event));
         return event->isAccepted();
     }
-    return QTextEdit::event(event);
+    const bool is_taken = QTextEdit::event(event);
+    fill_background_after(event);
+    return is_taken;
+}
+
+bool TextArea::viewportEvent(QEvent *event)
+{
+    const bool is_taken = QTextEdit::viewportEvent(event);
+    fill_background_after(event);
+    return is_taken;
+}
+
+void TextArea::fill_background_after(const QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::Polish:
+    case QEvent::StyleChange:
+    case QEvent::PaletteChange:
+        fill_background();
+        break;
+    default:
+        break;
+    }
 }
 
 void TextArea::keyPressEvent(QKeyEvent *event)

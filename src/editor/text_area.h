@@ -32,12 +32,15 @@ protected:
     bool canInsertFromMimeData(const QMimeData *source) const override;
     void insertFromMimeData(const QMimeData *source) override;
     bool event(QEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
 
 private:
     bool move_by_tab(int step);
     void hide_overshoot(int maximum);
+    void fill_background();
+    void fill_background_after(const QEvent *event);
     QString local_path(const QUrl &name) const;
 
     CustomTextEditor *m_editor;

@@ -40,7 +40,7 @@ TextCounts count_text(QStringView text)
     return counts;
 }
 
-TextCounts joined(const TextCounts &first, const TextCounts &second)
+TextCounts operator+(const TextCounts &first, const TextCounts &second)
 {
     TextCounts counts;
     counts.words = first.words + second.words;

@@ -7,7 +7,7 @@
 
 namespace my_classes {
 
-/// Counts of a piece of text. Pieces separated by white space add up with joined(), so that a document's counts can be
+/// Counts of a piece of text. Pieces separated by white space add up with +, so that a document's counts can be
 /// kept per paragraph although a sentence may run over several.
 struct TextCounts
 {
@@ -25,6 +25,6 @@ struct TextCounts
 TextCounts count_text(QStringView text);
 
 /// Counts of `first` followed by `second`; white space must stand between them.
-TextCounts joined(const TextCounts &first, const TextCounts &second);
+TextCounts operator+(const TextCounts &first, const TextCounts &second);
 
 } // namespace my_classes

@@ -60,10 +60,12 @@ QRectF DocumentLayout::blockBoundingRect(const QTextBlock &block) const
     if (!block.isValid() || block.document() != document() || !block.isVisible())
         return {};
     const int index = block.blockNumber();
-    if (is_current())
+    if (is_current()) {
         measure(index, block);
-    else if (block.layout()->lineCount() == 0)
+    } else if (block.layout()->lineCount() == 0) {
         lay_out_lines(block, m_page);
+        m_has_stray_lines = true;
+    }
     return rectangle_of(block, top_of(index) + m_heights.extent(index).gap);
 }
 
@@ -159,29 +161,41 @@ void DocumentLayout::announce_size()
     Q_EMIT documentSizeChanged(size);
 }
 
-void DocumentLayout::documentChanged(int from, int, int added)
+void DocumentLayout::documentChanged(int from, int removed, int added)
 {
     const QScopedValueRollback<bool> busy(m_is_changing, true);
     const Page page = Page::of(document(), paintDevice());
     if (page != m_page || !update_paragraphs(from, added)) {
         m_page = page;
-        estimate_everything();
+        estimate_everything(from == 0 && removed == 0);
     }
     put_off_measuring();
     announce_size();
 }
 
-void DocumentLayout::estimate_everything()
+/// Of the same text as before, or of any.
+void DocumentLayout::estimate_everything(bool is_same_text)
 {
-    if (m_heights.count() > m_heights.unmeasured_count()) { // there are lines, which are no longer right
-        for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
-            block.layout()->clearLayout();
-    }
+    drop_lines();
     m_overhang = 0;
     m_estimate = HeightEstimate(document(), m_page);
-    m_heights.replace(0, m_heights.count(), estimates(document()->begin(), document()->blockCount()));
+    const double growth = is_same_text && is_current() ? m_estimate.growth(m_heights) : 0;
+    if (growth > 0)
+        m_heights.estimate_from_present(growth);
+    else
+        m_heights.replace(0, m_heights.count(), estimates(document()->begin(), document()->blockCount()));
     Q_EMIT estimated();
     Q_EMIT update();
+}
+
+/// QTextCursor would go on using lines that are no longer right.
+void DocumentLayout::drop_lines()
+{
+    if (!m_has_stray_lines && m_heights.with_lines_count() == 0)
+        return;
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
+        block.layout()->clearLayout();
+    m_has_stray_lines = false;
 }
 
 std::vector<ParagraphExtent> DocumentLayout::estimates(const QTextBlock &first, int count) const
@@ -210,12 +224,12 @@ bool DocumentLayout::update_paragraphs(int from, int added)
     const Units old_total = m_heights.total();
     QTextBlock block = first;
     for (int i = 0; i < count; ++i, block = block.next()) {
-        if (old_count != count || old[i].is_measured)
+        if (old_count != count || old[i].has_lines || m_has_stray_lines)
             block.layout()->clearLayout(); // QTextCursor would go on using the lines
     }
     if (old_count == count) {
         for (ParagraphExtent &extent : old)
-            extent.is_measured = false;
+            extent.is_measured = extent.has_lines = false;
         m_heights.replace(index, count, old);
     } else {
         m_heights.replace(index, old_count, estimates(first, count));

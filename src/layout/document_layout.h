@@ -65,7 +65,8 @@ private:
     QRectF lines_of(const QTextBlock &block) const;
     ParagraphExtent lay_out(const QTextBlock &block) const;
     void measure(int index, const QTextBlock &block) const;
-    void estimate_everything();
+    void estimate_everything(bool is_same_text);
+    void drop_lines();
     std::vector<ParagraphExtent> estimates(const QTextBlock &first, int count) const;
     bool update_paragraphs(int from, int added);
     void lay_out_now(int first, int count);
@@ -76,6 +77,7 @@ private:
     // Heights become exact in calls that ask for something.
     mutable ParagraphHeights m_heights;
     mutable Units m_overhang = 0;
+    mutable bool m_has_stray_lines = false; // made inside an edit, when no books are kept
     mutable QTimer m_announcing;
     Page m_page;
     HeightEstimate m_estimate;

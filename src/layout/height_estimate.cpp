@@ -56,6 +56,7 @@ void HeightEstimate::learn(const QTextBlock &block, const ParagraphExtent &exten
     m_lines += lines;
     m_gaps += extent.gap;
     m_line_heights += extent.height - extent.gap;
+    m_sample.emplace_back(block.blockNumber(), extent.height - extent.gap);
     m_full_lines += lines - 1;
     m_full_line_characters += layout->lineAt(lines - 1).textStart();
 }
@@ -71,6 +72,18 @@ ParagraphExtent HeightEstimate::of(const QTextBlock &block) const
     extent.gap = whole_pixels(m_gaps / m_paragraphs);
     extent.height = extent.gap + whole_pixels(std::max<qint64>(1, lines) * m_line_heights / m_lines);
     return extent;
+}
+
+double HeightEstimate::growth(const ParagraphHeights &known) const
+{
+    Units before = 0;
+    Units now = 0;
+    for (const auto &[number, height] : m_sample) {
+        const ParagraphExtent extent = known.extent(number);
+        before += extent.height - extent.gap;
+        now += height;
+    }
+    return before > 0 ? static_cast<double>(now) / static_cast<double>(before) : 0;
 }
 
 } // namespace my_classes

@@ -3,8 +3,11 @@
 
 #pragma once
 
+#include "frame/sum_tree.h"
+
 #include <QtCore/QtGlobal>
 
+#include <algorithm>
 #include <vector>
 
 namespace my_classes {
@@ -29,58 +32,50 @@ struct ParagraphExtent
     qint32 gap = 0;           // units
     qint32 width = 0;         // units, with the side margins
     bool is_measured = false; // otherwise an estimate
+    bool has_lines = false;   // it may have: not if a change of formats has dropped them
 };
 
 /// The extents of all paragraphs, in order.
-///
-/// A binary tree, balanced by chance, whose nodes hold the sums of all below: every call costs the logarithm of the
-/// number of paragraphs, and what it inserts or removes.
 class ParagraphHeights
 {
 public:
-    int count() const { return m_nodes[m_root].count; }
-    int unmeasured_count() const { return m_nodes[m_root].unmeasured; }
+    int count() const { return m_tree.count(); }
+    int unmeasured_count() const { return m_tree.total().unmeasured; }
+    int with_lines_count() const { return m_tree.total().with_lines; }
     /// Of all paragraphs together.
-    Units total() const { return m_nodes[m_root].sum; }
+    Units total() const { return m_tree.total().height; }
     /// The largest one.
-    Units width() const { return m_nodes[m_root].widest; }
+    Units width() const { return m_tree.total().widest; }
 
     /// The end of the paragraph before; `index` may be count().
-    Units top(int index) const;
+    Units top(int index) const { return m_tree.sum_before(index).height; }
     /// The paragraph at a height, the first or last one beyond them.
     int at(Units y) const;
-    ParagraphExtent extent(int index) const;
-    void set_extent(int index, const ParagraphExtent &extent);
-    std::vector<ParagraphExtent> extents(int first, int count) const;
+    ParagraphExtent extent(int index) const { return m_tree.at(index); }
+    void set_extent(int index, const ParagraphExtent &extent) { m_tree.set(index, extent); }
+    std::vector<ParagraphExtent> extents(int first, int count) const { return m_tree.values(first, count); }
     /// The first one not measured, from `index` on; -1 if there is none.
     int next_unmeasured(int index) const;
+    /// Likewise the first one that may have lines.
+    int next_with_lines(int index) const;
     void replace(int first, int removed, const std::vector<ParagraphExtent> &added);
+    /// Makes estimates of all heights: `factor` times as high in whole pixels, and without lines.
+    void estimate_from_present(double factor);
 
 private:
-    struct Node
+    struct Sum
     {
-        int left = 0;
-        int right = 0;
-        int count = 0;
+        Sum() = default;
+        explicit Sum(const ParagraphExtent &extent);
+        Sum operator+(const Sum &other) const;
+
+        Units height = 0;
         int unmeasured = 0;
+        int with_lines = 0;
         qint32 widest = 0;
-        Units sum = 0;
-        ParagraphExtent own;
     };
 
-    int make(const ParagraphExtent &extent);
-    int build(const std::vector<ParagraphExtent> &extents, int first, int end);
-    void release(int node);
-    void refresh(int node);
-    std::pair<int, int> split(int node, int index);
-    int join(int left, int right);
-    void append_to(std::vector<ParagraphExtent> &extents, int node, int first, int end) const;
-    int next_unmeasured_below(int node, int index) const;
-
-    std::vector<Node> m_nodes = std::vector<Node>(1); // the first one stands for "none"
-    std::vector<int> m_free;
-    int m_root = 0;
-    quint32 m_random = 2463534242;
+    SumTree<ParagraphExtent, Sum> m_tree;
 };
 
 } // namespace my_classes

@@ -164,6 +164,7 @@ ParagraphExtent lay_out_lines(const QTextBlock &block, const Page &page)
     extent.height = static_cast<qint32>(extent.gap + end);
     extent.width = static_cast<qint32>(width);
     extent.is_measured = true;
+    extent.has_lines = true;
     return extent;
 }
 

@@ -117,7 +117,7 @@ void DocumentLayout::draw(QPainter *painter, const PaintContext &context)
 {
     if (!is_current()) { // painted from inside an edit
         m_page = Page::of(document(), paintDevice());
-        estimate_everything();
+        estimate_everything(false);
     }
     const bool everything = !context.clip.isValid();
     QRectF clip = context.clip; // selections over the full width end at the page's margins
