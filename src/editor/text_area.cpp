@@ -72,14 +72,17 @@ QSize TextArea::minimumSizeHint() const
 }
 
 /// Scrolling moves what is shown and paints only what comes into view where the area below is filled. A style sheet
-/// switches that off, since it may draw there; ours does not.
+/// switches that off, since it may draw there: ours does not, but others that reach here may.
 void TextArea::fill_background()
 {
-    bool may_be_drawn_on = !qApp->styleSheet().isEmpty() || styleSheet() != k_style;
-    for (const QWidget *parent = parentWidget(); parent; parent = parent->parentWidget())
-        may_be_drawn_on = may_be_drawn_on || !parent->styleSheet().isEmpty();
-    const QBrush base = viewport()->palette().base();
-    viewport()->setAutoFillBackground(!may_be_drawn_on && base.style() == Qt::SolidPattern && base.isOpaque());
+    if (!qApp->styleSheet().isEmpty() || styleSheet() != k_style)
+        return;
+    for (const QWidget *parent = parentWidget(); parent; parent = parent->parentWidget()) {
+        if (!parent->styleSheet().isEmpty())
+            return;
+    }
+    const QBrush base = palette().base();
+    viewport()->setAutoFillBackground(base.style() == Qt::SolidPattern && base.isOpaque());
 }
 
 void TextArea::scroll_by_wheel(QWheelEvent *event)
