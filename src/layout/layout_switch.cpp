@@ -112,10 +112,11 @@ bool LayoutSwitch::wants_qt_layout() const
            std::any_of(frames.cbegin(), frames.cend(), is_table_or_float);
 }
 
+/// Ours knows when it is at work; Qt's can be told to rest only when all edits have ended.
 bool LayoutSwitch::is_possible() const
 {
     const auto *own = qobject_cast<DocumentLayout *>(m_document->documentLayout());
-    return m_edits == 0 && !(own && own->is_changing());
+    return own ? !own->is_changing() : m_edits == 0;
 }
 
 void LayoutSwitch::check()
