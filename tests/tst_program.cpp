@@ -23,6 +23,7 @@ private Q_SLOTS:
     void says_which_dictionary_is_missing();
 
 private:
+    void start(QProcess *program, const QStringList &arguments = {}) const;
     QString output_of(const QString &program, const QStringList &arguments) const;
     QString x_tool(const QString &command) const { return output_of(u"xdotool"_s, command.split(u' ')); }
     QString selected_text() const { return output_of(u"xclip"_s, {u"-o"_s}); }
@@ -56,6 +57,14 @@ void TstProgram::cleanupTestCase()
     m_x_server.waitForFinished();
 }
 
+/// Comes back when it has a window, or has ended.
+void TstProgram::start(QProcess *program, const QStringList &arguments) const
+{
+    program->setProcessEnvironment(m_environment);
+    program->start(m_program, arguments);
+    QTRY_VERIFY_WITH_TIMEOUT(!visible_windows().isEmpty() || program->state() == QProcess::NotRunning, 60000);
+}
+
 QString TstProgram::output_of(const QString &program, const QStringList &arguments) const
 {
     QProcess tool;
@@ -68,9 +77,7 @@ QString TstProgram::output_of(const QString &program, const QStringList &argumen
 void TstProgram::one_window_until_it_is_closed()
 {
     QProcess program;
-    program.setProcessEnvironment(m_environment);
-    program.start(m_program, {u"-geometry"_s, u"300x200+5+5"_s, u"-style"_s, u"none"_s}); // nothing of this is for Qt
-    QTRY_VERIFY_WITH_TIMEOUT(!visible_windows().isEmpty() || program.state() == QProcess::NotRunning, 60000);
+    start(&program, {u"-geometry"_s, u"300x200+5+5"_s, u"-style"_s, u"none"_s}); // nothing of this is for Qt
     QVERIFY2(program.state() == QProcess::Running, program.readAllStandardError().constData());
 
     const QString window = visible_windows();
@@ -95,9 +102,7 @@ void TstProgram::one_window_until_it_is_closed()
 void TstProgram::takes_what_is_typed_at_once()
 {
     QProcess program;
-    program.setProcessEnvironment(m_environment);
-    program.start(m_program, QStringList());
-    QTRY_VERIFY_WITH_TIMEOUT(!visible_windows().isEmpty() || program.state() == QProcess::NotRunning, 60000);
+    start(&program);
     const QString window = visible_windows();
     QTRY_COMPARE_WITH_TIMEOUT(x_tool(u"getactivewindow"_s), window, 30000);
     // It may show a window as active before it listens to the keyboard.
@@ -123,15 +128,11 @@ void TstProgram::says_which_dictionary_is_missing()
     QVERIFY(blind_enchant.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
     QCOMPARE(blind_enchant.write(code), code.size());
 
-    QProcessEnvironment environment = m_environment;
-    environment.insert(u"LD_LIBRARY_PATH"_s, directory.path());
+    m_environment.insert(u"LD_LIBRARY_PATH"_s, directory.path());
     QProcess program;
-    program.setProcessEnvironment(environment);
-    program.start(m_program, QStringList());
-    QVERIFY(program.waitForFinished());
-    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(program.exitCode(), 1);
-
+    start(&program);
+    QCOMPARE(program.state(), QProcess::NotRunning);
+    QVERIFY(program.exitStatus() == QProcess::NormalExit && program.exitCode() == 1);
     const QByteArray complaint = program.readAllStandardError();
     QCOMPARE(complaint.count('\n'), 1);
     QVERIFY2(complaint.contains("\"en\"") && complaint.contains("hunspell-en-us"), complaint.constData());
