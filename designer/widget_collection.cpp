@@ -25,6 +25,7 @@ struct Description
     QString tool_tip;
     QString base;
     bool is_container = false;
+    QString page; ///< what a new one holds
 };
 
 template<typename Widget>
@@ -50,9 +51,9 @@ public:
         return uR"(<ui language="c++" displayname="%1">
 <widget class="my_classes::%1" name="%2">
 <property name="geometry"><rect><x>0</x><y>0</y><width>600</width><height>400</height></rect></property>
-</widget>
+%4</widget>
 <customwidgets><customwidget><class>my_classes::%1</class><extends>%3</extends></customwidget></customwidgets>
-</ui>)"_s.arg(m_about.class_name, m_about.object_name, m_about.base);
+</ui>)"_s.arg(m_about.class_name, m_about.object_name, m_about.base, m_about.page);
     }
 
 private:
@@ -71,7 +72,10 @@ WidgetCollection::WidgetCollection()
                     u"One page of a tabbed document, with an editor"_s, u"QWidget"_s}));
     m_widgets.push_back(std::make_unique<FormWidget<EditableTabWidget>>(
         Description{u"EditableTabWidget"_s, u"editable_tab_widget.h"_s, u"tab_widget"_s, u"select-all.png"_s,
-                    u"Document tabs whose titles are renamed in place"_s, u"QTabWidget"_s, true}));
+                    u"Document tabs whose titles are renamed in place"_s, u"QTabWidget"_s, true,
+                    uR"(<widget class="my_classes::CustomTab" name="document">
+<attribute name="title"><string>Document</string></attribute>
+</widget>)"_s}));
 }
 
 QList<QDesignerCustomWidgetInterface *> WidgetCollection::customWidgets() const

@@ -33,14 +33,18 @@ inside() {
     chroot "$clean" env DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin "$@"
 }
 
+quietly() {
+    inside "$@" >"$build/apt.log" 2>&1 || { cat "$build/apt.log" >&2; exit 1; }
+}
+
 install_quietly() {
-    inside apt-get install -qq --yes --no-install-recommends "$@" >"$build/apt.log" 2>&1 ||
-        { cat "$build/apt.log" >&2; exit 1; }
+    quietly apt-get install -qq --yes --no-install-recommends "$@"
 }
 
 make_clean_place() {
     [[ ! -e $clean ]] || rm -rf --one-file-system "$clean"
-    debootstrap --variant=minbase "$(. /etc/os-release && echo "$VERSION_CODENAME")" "$clean" >"$build/debootstrap.log"
+    debootstrap --variant=minbase "$(. /etc/os-release && echo "$VERSION_CODENAME")" "$clean" >"$build/debootstrap.log" 2>&1 ||
+        { tail -20 "$build/debootstrap.log" >&2; exit 1; }
     install_quietly cmake g++ make hunspell-en-us fonts-liberation
 }
 
@@ -83,11 +87,11 @@ try_in_clean_place() {
     cp "$debs"/*.deb "$clean/debs"
     readme_block cpp >"$clean/notes/main.cpp"
     readme_block cmake >"$clean/notes/CMakeLists.txt"
-    inside sh -c 'apt-get install -qq --yes --no-install-recommends /debs/*.deb' >"$build/apt.log" 2>&1
+    quietly sh -c 'apt-get install -qq --yes --no-install-recommends /debs/*.deb'
     inside sh -c 'cd /notes && cmake -B build >/dev/null && cmake --build build'
     see_window /notes/build/notes
     finish
-    inside sh -c 'apt-get purge -qq --yes $(dpkg-query -f "\${Package}\n" -W "*my-classes*")' >"$build/apt.log" 2>&1
+    quietly sh -c 'apt-get purge -qq --yes $(dpkg-query -f "\${Package}\n" -W "*my-classes*")'
     if find "$clean/usr" "$clean/etc" "$clean/var/lib/dpkg/info" -name '*my[-_]classes*' | grep .; then
         echo "The packages leave these files behind." >&2
         exit 1
