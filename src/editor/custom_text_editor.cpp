@@ -12,6 +12,7 @@
 #include "editor/typing_format.h"
 #include "editor/wrapping_tool_bar.h"
 #include "editor/writing_colours.h"
+#include "spelling/word_marker.h"
 
 #include <my_classes/custom_highlighter.h>
 #include <my_classes/custom_text_editor.h>
@@ -165,6 +166,12 @@ void CustomTextEditor::attach_to_document()
     QTextDocument *document = text_edit->document();
     m_statistics = std::make_unique<DocumentStatistics>(document);
     connect(m_statistics.get(), &DocumentStatistics::corrected, this, &CustomTextEditor::count_words);
+    connect(m_statistics.get(), &DocumentStatistics::misreported, this, [this, document] {
+        document->markContentsDirty(0, document->characterCount()); // for the layout, which comes last
+        if (m_marker)
+            m_marker->start_again();
+        highlighter->rehighlight();
+    });
     m_pictures.reset();
     m_pictures = std::make_unique<PictureHandling>(document);
     // Handlers go with the layout, unless it is handed on. A child of what goes with the document before.

@@ -78,11 +78,14 @@ TextCounts DocumentStatistics::of_selection(const QTextCursor &cursor)
 
 void DocumentStatistics::update(int position, int removed, int added)
 {
-    Q_UNUSED(removed);
     m_is_told = true;
+    if (!m_is_known)
+        return;
     if (added > m_document->characterCount() / 2) {
         // A new text is counted when asked for, after the layout has been made: then that lies together in memory.
         m_is_known = false;
+        if (removed != added && position + added < m_document->characterCount() - 1)
+            Q_EMIT misreported(); // perhaps
         return;
     }
     const int end = std::min(position + added, m_document->characterCount() - 1);
@@ -90,15 +93,17 @@ void DocumentStatistics::update(int position, int removed, int added)
     const int first = block.blockNumber();
     const int new_count = m_document->findBlock(end).blockNumber() - first + 1;
     const int old_count = new_count + m_paragraphs.count() - m_document->blockCount();
-    if (!m_is_known || !block.isValid() || new_count < 1 || old_count < 1 || first + old_count > m_paragraphs.count()) {
-        recount_everything();
-        return;
+    if (block.isValid() && new_count > 0 && old_count > 0 && first + old_count <= m_paragraphs.count()) {
+        const std::vector<TextCounts> counts = counts_of_blocks(block, new_count);
+        if (old_count == 1 && new_count == 1)
+            m_paragraphs.set(first, counts.front());
+        else
+            m_paragraphs.replace(first, old_count, counts);
     }
-    std::vector<TextCounts> counts = counts_of_blocks(block, new_count);
-    if (old_count == 1 && new_count == 1)
-        m_paragraphs.set(first, counts.front());
-    else
-        m_paragraphs.replace(first, old_count, counts);
+    if (is_current())
+        return;
+    recount_everything();
+    Q_EMIT misreported();
 }
 
 // One notification of what changes, one of the end; an edit made in the first has an end only.

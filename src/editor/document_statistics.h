@@ -37,6 +37,9 @@ public:
 Q_SIGNALS:
     /// The counts were wrong until now: an edit was made inside a change notification, which is not notified.
     void corrected();
+    /// More has changed than the change notification says: undo where lists are may fall short, for instance. Emitted
+    /// inside of it.
+    void misreported();
 
 private:
     void finish();

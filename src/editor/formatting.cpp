@@ -8,6 +8,7 @@
 
 #include <my_classes/custom_text_editor.h>
 
+#include <QtCore/QPointer>
 #include <QtCore/QSignalBlocker>
 #include <QtGui/QAction>
 #include <QtGui/QTextTable>
@@ -85,18 +86,21 @@ void CustomTextEditor::merge_format_on_selection(const QTextCharFormat &format)
 {
     if (is_read_only())
         return;
-    QTextCursor cursor = text_edit->textCursor();
+    const QTextCursor cursor = text_edit->textCursor();
+    QTextCursor word;
     if (!cursor.hasSelection()) {
-        const QTextCursor word = word_under_cursor(cursor);
+        word = word_under_cursor(cursor);
         if (!word.hasSelection())
             m_typing_format->set(cursor, format);
-        else if (!m_typing_format->is_ended(cursor, word, format))
-            cursor = word;
+        else if (m_typing_format->is_ended(cursor, word, format))
+            word.clearSelection();
     }
-    cursor.beginEditBlock(); // the second change is another undo step where text is selected
-    cursor.mergeCharFormat(format);
-    text_edit->mergeCurrentCharFormat(format); // for what is typed next
-    cursor.endEditBlock();
+    // Each place once: else Qt, undoing it, would leave the caret twice as far away, even behind the end.
+    const QPointer<CustomTextEditor> here(this);
+    if (word.hasSelection())
+        word.mergeCharFormat(format);
+    if (here)
+        text_edit->mergeCurrentCharFormat(format); // the selection, or what is typed next
 }
 
 void CustomTextEditor::set_bold()

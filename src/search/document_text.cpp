@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace my_classes {
 
@@ -92,6 +93,7 @@ void DocumentText::catch_up()
         forget();
         if (document) {
             m_revision = document->revision();
+            m_undone = document->availableRedoSteps();
             connect(document, &QTextDocument::contentsChange, this, &DocumentText::on_contents_change);
         }
     }
@@ -130,9 +132,10 @@ void DocumentText::on_contents_change(int position, int removed, int added)
     m_patched_in_block = false;
     m_revision = m_document->revision();
     m_length = length;
+    const int undone_before = std::exchange(m_undone, m_document->availableRedoSteps());
     if (is_patched || !m_is_kept)
         return;
-    if (!fits)
+    if (!fits || undone_before > 0 || m_undone > 0) // undo and redo may report less than they change
         return forget();
 
     if (!m_changed) {

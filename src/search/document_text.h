@@ -46,6 +46,7 @@ private:
     bool m_patched_in_block = false;
     bool m_changed = false;
     int m_revision = 0;          // of the document, at its last report
+    int m_undone = 0;            // steps of the document that can be redone, at its last report
     qsizetype m_length = 0;      // of the document, at its last report
     qsizetype m_same_before = 0; // characters at the start that no report has touched since the last patch
     qsizetype m_same_behind = 0; // the same at the end
