@@ -25,7 +25,7 @@ struct Description
     QString tool_tip;
     QString base;
     bool is_container = false;
-    QString page; ///< what a new one holds
+    QString page = {}; ///< what a new one holds
 };
 
 template<typename Widget>
