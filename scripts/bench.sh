@@ -28,7 +28,7 @@ run() {
     QT_QPA_PLATFORM=${2:-offscreen} "build/release/bin/bench_$1" 2>/dev/null | grep '^|'
 }
 
-[[ $# -gt 0 ]] || set -- long startup editor insertion search download
+[[ $# -gt 0 ]] || set -- long document_editor startup editor insertion search download
 for name in "$@"; do
     printf '\n## %s\n\n' "$name"
     case $name in

@@ -216,8 +216,9 @@ void TstContent::loaded_text_follows_the_zoom()
     CustomTextEditor editor(std::nullopt);
     QTextEdit plain;
     plain.setFont(editor.text_edit->font());
-    for (quint32 seed = 0; seed < 150; ++seed) {
-        const QString html = u"<body style='font-size:12pt'>"_s + Documents(seed).html();
+    for (quint32 seed = 0; seed < 300; ++seed) {
+        // As anybody writes it, and as Qt does.
+        const QString html = seed % 2 ? plain.toHtml() : u"<body style='font-size:12pt'>"_s + Documents(seed).html();
         plain.setHtml(html);
         editor.set_zoom_percent(seed % 2 ? 70 : 130);
         QSignalSpy changed(editor.text_edit, &QTextEdit::textChanged);

@@ -45,6 +45,12 @@ Autosave::Autosave(SectionTabs *tabs, std::unique_ptr<RecoveryFile> file, QObjec
     });
 }
 
+void Autosave::set_origin(const QString &path, const QString &stamp)
+{
+    m_origin = path;
+    m_origin_stamp = stamp;
+}
+
 void Autosave::note_change()
 {
     m_since_last_change.start();
@@ -85,6 +91,7 @@ void Autosave::take_next_section()
     }
     Document document = m_tabs->snapshot();
     document.origin = m_origin;
+    document.origin_stamp = m_origin_stamp;
     m_file->write(document);
 }
 

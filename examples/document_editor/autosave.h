@@ -23,8 +23,8 @@ class Autosave : public QObject
 public:
     Autosave(SectionTabs *tabs, std::unique_ptr<RecoveryFile> file, QObject *parent);
 
-    /// The path of the document's own file, for whoever recovers it.
-    void set_origin(const QString &path) { m_origin = path; }
+    /// The path of the document's own file and what it was when it was read or written, for whoever recovers it.
+    void set_origin(const QString &path, const QString &stamp);
     /// The document is in its file or given up.
     void stop();
 
@@ -41,6 +41,7 @@ private:
     SectionTabs *m_tabs;
     std::unique_ptr<RecoveryFile> m_file;
     QString m_origin;
+    QString m_origin_stamp;
     QList<QPointer<SectionPage>> m_to_take; // in this round; what changes meanwhile is for the next one
     QTimer m_timer;
     QElapsedTimer m_since_first_change; // of those that are not in the file; invalid: there are none

@@ -22,6 +22,7 @@ struct Document
 {
     QList<Section> sections;
     QString origin;             ///< in a recovery file: the path of the document's own file, if it has one
+    QString origin_stamp = {};  ///< FileWatch::stamp_of() that file, when it was known last
     QList<Section> closed = {}; ///< in a recovery file: those that were closed since, the last one last
 };
 

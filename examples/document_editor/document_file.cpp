@@ -3,8 +3,6 @@
 
 #include "document_file.h"
 
-#include "file_error.h"
-
 #include <QtCore/QCoreApplication>
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QRegularExpression>
@@ -38,7 +36,7 @@ img { max-width: 100%; }
 
 const QByteArray k_section_end = "\n</section>\n";
 const QByteArray k_end = "</body>\n</html>\n";
-const QByteArray k_checksum = "<!-- sha256 ";
+const QByteArray k_checksum = "<!-- blake2b-256 ";
 const QByteArray k_checksum_end = " -->\n";
 
 QString tr(const char *text)
@@ -52,16 +50,15 @@ QByteArray escaped(const QString &text)
     return text.toHtmlEscaped().replace(u'\n', "&#10;"_L1).replace(u'\r', "&#13;"_L1).toUtf8();
 }
 
-QString unescaped(QByteArrayView text)
+QString unescaped(QString text)
 {
-    QString result = QString::fromUtf8(text);
-    result.replace("&#10;"_L1, "\n"_L1).replace("&#13;"_L1, "\r"_L1).replace("&quot;"_L1, "\""_L1);
-    return result.replace("&lt;"_L1, "<"_L1).replace("&gt;"_L1, ">"_L1).replace("&amp;"_L1, "&"_L1);
+    text.replace("&#10;"_L1, "\n"_L1).replace("&#13;"_L1, "\r"_L1).replace("&quot;"_L1, "\""_L1);
+    return text.replace("&lt;"_L1, "<"_L1).replace("&gt;"_L1, ">"_L1).replace("&amp;"_L1, "&"_L1);
 }
 
 QByteArray checksum(QByteArrayView bytes)
 {
-    return k_checksum + QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex() + k_checksum_end;
+    return k_checksum + QCryptographicHash::hash(bytes, QCryptographicHash::Blake2b_256).toHex() + k_checksum_end;
 }
 
 QByteArray section_bytes(const Section &section)
@@ -124,8 +121,8 @@ Section read_section(Reader &reader, QByteArrayView line)
     if (!match.hasMatch())
         refuse_damaged();
     Section section;
-    section.language = unescaped(match.captured(1).toUtf8()).replace(u'-', u'_');
-    section.title = unescaped(match.captured(4).toUtf8());
+    section.language = unescaped(match.captured(1)).replace(u'-', u'_');
+    section.title = unescaped(match.captured(4));
     section.closed_at = match.hasCaptured(3) ? match.captured(3).toInt() : -1;
     section.html = QString::fromUtf8(reader.take(match.captured(2).toLongLong()));
     if (!reader.skip(k_section_end))
@@ -135,8 +132,8 @@ Section read_section(Reader &reader, QByteArrayView line)
 
 void check_version(const QByteArray &bytes)
 {
-    if (!is_document(bytes))
-        throw FileError(tr("The file is no document of this program."));
+    if (!bytes.startsWith(k_magic))
+        throw ForeignFile(tr("The file is no document of this program."));
     const qsizetype end = bytes.indexOf('"', k_magic.size());
     const int version = bytes.sliced(k_magic.size(), qMax<qsizetype>(0, end - k_magic.size())).toInt();
     if (version > k_version)
@@ -154,16 +151,12 @@ void check_checksum(const QByteArray &bytes)
 
 } // namespace
 
-bool is_document(const QByteArray &bytes)
-{
-    return bytes.startsWith(k_magic);
-}
-
 QByteArray to_bytes(const Document &document)
 {
     QByteArray bytes = k_magic + QByteArray::number(k_version) + "\">\n" + k_head;
     if (!document.origin.isEmpty())
-        bytes += "<meta name=\"origin\" content=\"" + escaped(document.origin) + "\">\n";
+        bytes += "<meta name=\"origin\" content=\"" + escaped(document.origin) + "\" data-stamp=\"" +
+                 escaped(document.origin_stamp) + "\">\n";
     const QString title = document.sections.isEmpty() ? QString() : document.sections.constFirst().title;
     bytes += "<title>" + escaped(title) + "</title>\n" + k_style;
     for (const Section &section : document.sections + document.closed)
@@ -176,12 +169,14 @@ Document from_bytes(const QByteArray &bytes)
 {
     check_version(bytes);
     check_checksum(bytes);
-    static const QRegularExpression origin(uR"re(^<meta name="origin" content="([^"]*)">$)re"_s);
+    static const QRegularExpression origin(uR"re(^<meta name="origin" content="([^"]*)" data-stamp="([^"]*)">$)re"_s);
     Document document;
     Reader reader(bytes);
     for (QByteArrayView line = reader.line(); line != "<body>"; line = reader.line()) {
-        if (const auto match = origin.match(QString::fromUtf8(line)); match.hasMatch())
-            document.origin = unescaped(match.captured(1).toUtf8());
+        if (const auto match = origin.match(QString::fromUtf8(line)); match.hasMatch()) {
+            document.origin = unescaped(match.captured(1));
+            document.origin_stamp = unescaped(match.captured(2));
+        }
     }
     while (!reader.skip(k_end)) {
         const QByteArrayView line = reader.line();

@@ -4,17 +4,21 @@
 #pragma once
 
 #include "document.h"
-
-#include <QtCore/QByteArray>
+#include "files.h"
 
 namespace document_editor {
 
 // The file format, which FORMAT.md describes. From any thread.
 
 QByteArray to_bytes(const Document &document);
-/// Throws FileError if `bytes` are another program's, a newer version's, or damaged.
+/// Throws ForeignFile, and FileError if `bytes` are a newer version's, or damaged.
 Document from_bytes(const QByteArray &bytes);
-/// Whether `bytes` begin as a document does, of whatever version and state.
-bool is_document(const QByteArray &bytes);
+
+/// Another program's.
+class ForeignFile : public FileError
+{
+public:
+    using FileError::FileError;
+};
 
 } // namespace document_editor

@@ -3,8 +3,6 @@
 
 #include "exporter.h"
 
-#include "file_error.h"
-#include "files.h"
 #include "section_page.h"
 
 #include <QtCore/QBuffer>
@@ -68,9 +66,9 @@ QByteArray pdf_of(const QList<SectionPage *> &pages, const QString &title, const
 {
     qint64 characters = 0;
     QList<const my_classes::CustomTextEditor *> editors;
-    for (const SectionPage *page : pages) {
-        editors.append(page->editor);
-        characters += page->editor->text_edit->document()->characterCount();
+    for (SectionPage *page : pages) {
+        editors.append(page->editor());
+        characters += page->editor()->text_edit->document()->characterCount();
     }
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
@@ -89,7 +87,7 @@ std::unique_ptr<QTextDocument> joined(const QList<SectionPage *> &pages, const P
 {
     auto document = std::make_unique<QTextDocument>();
     document->setUndoRedoEnabled(false);
-    document->setDefaultFont(pages.constFirst()->editor->editor_font);
+    document->setDefaultFont(pages.constFirst()->editor()->editor_font);
     QTextCursor cursor(document.get());
     for (int i = 0; i < pages.size(); ++i) {
         if (!progress(i, int(pages.size())))

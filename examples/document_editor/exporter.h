@@ -3,17 +3,13 @@
 
 #pragma once
 
-#include <QtCore/QList>
-#include <QtCore/QString>
+#include "files.h"
 
-#include <functional>
+#include <QtCore/QList>
 
 namespace document_editor {
 
 class SectionPage;
-
-/// Called between the steps of a long work with what is done, of about `all`; false stops it.
-using Progress = std::function<bool(int done, int all)>;
 
 /// The patterns of what export_pages() writes, for a file dialog.
 QString export_filter();

@@ -3,6 +3,7 @@
 
 #include "file_watch.h"
 
+#include <QtCore/QDateTime>
 #include <QtCore/QFileInfo>
 
 namespace document_editor {
@@ -18,26 +19,28 @@ FileWatch::FileWatch(QObject *parent)
     });
 }
 
-void FileWatch::take_as_known(const QString &path)
+QString FileWatch::stamp_of(const QString &path)
+{
+    const QFileInfo file(path);
+    if (path.isEmpty() || !file.exists())
+        return {};
+    return QStringLiteral("%1-%2").arg(file.lastModified().toMSecsSinceEpoch()).arg(file.size());
+}
+
+void FileWatch::follow(const QString &path, const QString &stamp)
 {
     if (!m_watcher.files().isEmpty())
         m_watcher.removePaths(m_watcher.files());
     m_path = path;
-    m_known = stamp_of(path);
+    m_known = stamp;
     if (QFileInfo::exists(path))
         m_watcher.addPath(path);
 }
 
 bool FileWatch::has_changed() const
 {
-    const Stamp now = stamp_of(m_path);
-    return now.size != -1 && (now.time != m_known.time || now.size != m_known.size);
-}
-
-FileWatch::Stamp FileWatch::stamp_of(const QString &path)
-{
-    const QFileInfo file(path);
-    return path.isEmpty() || !file.exists() ? Stamp() : Stamp{file.lastModified(), file.size()};
+    const QString now = stamp_of(m_path);
+    return !now.isEmpty() && now != m_known;
 }
 
 } // namespace document_editor

@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include <QtCore/QDateTime>
 #include <QtCore/QFileSystemWatcher>
 
 namespace document_editor {
@@ -16,24 +15,21 @@ class FileWatch : public QObject
 public:
     explicit FileWatch(QObject *parent);
 
-    /// The file as it is now is known; an empty path is none.
-    void take_as_known(const QString &path);
+    /// Tells a file apart from what it was at another time; empty if there is none.
+    static QString stamp_of(const QString &path);
+
+    /// Known is the file that had this stamp; an empty path is none.
+    void follow(const QString &path, const QString &stamp);
+    QString known() const { return m_known; }
     bool has_changed() const;
 
 Q_SIGNALS:
     void changed();
 
 private:
-    struct Stamp
-    {
-        QDateTime time;
-        qint64 size = -1;
-    };
-    static Stamp stamp_of(const QString &path);
-
     QFileSystemWatcher m_watcher;
     QString m_path;
-    Stamp m_known;
+    QString m_known;
 };
 
 } // namespace document_editor

@@ -3,8 +3,6 @@
 
 #include "files.h"
 
-#include "file_error.h"
-
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
 #include <QtCore/QSaveFile>
@@ -14,6 +12,7 @@ namespace document_editor {
 namespace {
 
 constexpr qint64 k_largest_file = 1'000'000'000; // bytes
+constexpr qint64 k_step = 4'000'000;
 
 QString tr(const char *text)
 {
@@ -31,7 +30,7 @@ bool write_all(QIODevice &device, const QByteArray &bytes)
 
 } // namespace
 
-QByteArray read_file(const QString &path)
+QByteArray read_file(const QString &path, const Progress &progress)
 {
     const QFileInfo info(path);
     if (info.exists() && !info.isFile()) // a pipe or device may have no end
@@ -41,7 +40,12 @@ QByteArray read_file(const QString &path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw FileError(file.errorString());
-    const QByteArray bytes = file.readAll();
+    QByteArray bytes;
+    bytes.reserve(info.size());
+    do {
+        bytes += file.read(k_step);
+    } while (file.error() == QFileDevice::NoError && !file.atEnd() &&
+             (!progress || progress(int(bytes.size() / 1000), int(file.size() / 1000))));
     if (file.error() != QFileDevice::NoError)
         throw FileError(file.errorString());
     return bytes;

@@ -3,7 +3,6 @@
 
 #include "importer.h"
 
-#include "file_error.h"
 #include "files.h"
 
 #include <QtCore/QCoreApplication>

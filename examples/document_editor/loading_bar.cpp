@@ -11,16 +11,12 @@
 #include <QtWidgets/QToolButton>
 
 #include <algorithm>
-#include <chrono>
 
 namespace document_editor {
 
-using namespace std::chrono_literals;
-
 namespace {
 
-constexpr auto k_breath = 50ms; // in which the window answers
-constexpr int k_width = 150;    // pixels
+constexpr int k_width = 150; // pixels
 
 } // namespace
 
@@ -40,7 +36,6 @@ LoadingBar::LoadingBar(SectionTabs *tabs)
     row->addWidget(stop);
     hide();
 
-    m_timer.setInterval(k_breath);
     connect(&m_timer, &QTimer::timeout, this, &LoadingBar::load_next);
     connect(stop, &QToolButton::clicked, this, [this] {
         m_timer.stop();

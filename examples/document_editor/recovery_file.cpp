@@ -4,7 +4,6 @@
 #include "recovery_file.h"
 
 #include "document_file.h"
-#include "file_error.h"
 #include "files.h"
 
 #include <QtCore/QDir>

@@ -3,9 +3,7 @@
 
 #include "recovery_question.h"
 
-#include "document_file.h"
-#include "file_error.h"
-#include "files.h"
+#include "opener.h"
 #include "window.h"
 
 #include <QtCore/QFileInfo>
@@ -52,16 +50,18 @@ bool offer(std::unique_ptr<RecoveryFile> file)
 {
     const QString path = file->path();
     try {
-        const QString name = name_of(from_bytes(read_file(path)));
+        const std::optional<Document> document = read_document(path, nullptr);
+        if (!document)
+            return false;
         const QString time = QLocale().toString(QFileInfo(path).lastModified(), QLocale::ShortFormat);
-        const Answer answer =
-            ask(tr("“%1” was not saved when the program ended. There is a copy of %2. Recover it?").arg(name, time));
+        const Answer answer = ask(tr("“%1” was not saved when the program ended. There is a copy of %2. Recover it?")
+                                      .arg(name_of(*document), time));
         if (answer == Answer::Discard)
             file->remove();
         if (answer != Answer::Recover)
             return false;
         auto *window = new Window(std::move(file));
-        window->recover();
+        window->show_document(*document);
         window->show();
         return true;
     } catch (const FileError &error) {

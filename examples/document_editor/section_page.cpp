@@ -3,10 +3,12 @@
 
 #include "section_page.h"
 
+#include <QtCore/QEvent>
 #include <QtGui/QTextDocument>
 
 namespace document_editor {
 
+using my_classes::CustomTab;
 using my_classes::CustomTextEditor;
 using my_classes::EditorCounts;
 using my_spellchecker::MySpellChecker;
@@ -22,67 +24,96 @@ QString usable(const QString &language)
 } // namespace
 
 SectionPage::SectionPage(const Section &section)
-    : CustomTab({}, {}, usable(section.language))
-    , m_html(section.html)
+    : m_html(section.html)
     , m_language(section.language)
-    , m_is_loaded(section.html.isEmpty())
 {
-    connect(editor, &CustomTextEditor::modified_changed, this, &SectionPage::modified_changed);
-    connect(editor, &CustomTextEditor::counts_changed, this, &SectionPage::take_counts);
 }
 
 void SectionPage::load()
 {
-    if (m_is_loaded)
+    if (m_tab)
         return;
-    m_is_loaded = true;
-    set_html_content(m_html);
-    m_revision = editor->text_edit->document()->revision();
-    editor->set_modified(false);
-    take_counts(editor->counts());
+    m_tab = new CustomTab({}, {}, usable(m_language));
+    if (!m_html.isEmpty())
+        m_tab->set_html_content(m_html);
+    m_tab->editor->set_modified(false);
+    m_revision = m_html.isEmpty() ? -1 : revision();
+    m_counts = m_tab->editor->counts();
+    connect(m_tab, &CustomTab::text_changed, this, &SectionPage::text_changed);
+    connect(m_tab->editor, &CustomTextEditor::modified_changed, this, &SectionPage::modified_changed);
+    connect(m_tab->editor, &CustomTextEditor::counts_changed, this, &SectionPage::take_counts);
+    Q_EMIT loaded(this);
+    m_tab->setParent(this);
+    m_tab->resize(size());
+    m_tab->show(); // the page may be visible already
+    setFocusProxy(m_tab);
+    Q_EMIT counts_changed();
+}
+
+CustomTextEditor *SectionPage::editor()
+{
+    load();
+    return m_tab->editor;
 }
 
 QString SectionPage::html()
 {
     if (has_changed_since_snapshot()) {
-        m_html = get_html_content();
-        m_revision = editor->text_edit->document()->revision();
+        m_html = m_tab->get_html_content();
+        m_revision = revision();
     }
     return m_html;
 }
 
+int SectionPage::revision() const
+{
+    return m_tab->editor->text_edit->document()->revision();
+}
+
 bool SectionPage::has_changed_since_snapshot() const
 {
-    return m_is_loaded && editor->text_edit->document()->revision() != m_revision;
+    return m_tab && revision() != m_revision;
 }
 
 void SectionPage::set_language(const QString &language)
 {
-    set_lang(usable(language));
+    if (m_tab)
+        m_tab->set_lang(usable(language));
     m_language = language;
+    Q_EMIT language_changed();
 }
 
 bool SectionPage::is_modified() const
 {
-    return editor->is_modified();
+    return m_tab && m_tab->editor->is_modified();
 }
 
 void SectionPage::set_modified(bool modified)
 {
     if (modified)
         m_revision = -1;
-    editor->set_modified(modified);
+    if (m_tab)
+        m_tab->editor->set_modified(modified);
 }
 
 bool SectionPage::is_blank() const
 {
-    return m_is_loaded && editor->text_edit->document()->isEmpty();
+    return m_tab ? m_tab->editor->text_edit->document()->isEmpty() : m_html.isEmpty();
 }
 
-void SectionPage::showEvent(QShowEvent *event)
+bool SectionPage::event(QEvent *event)
 {
-    load();
-    CustomTab::showEvent(event);
+    if (event->type() == QEvent::Show)
+        load();
+    // In place of a layout, which would pass on to the window, for all of it to be painted again, that the line of
+    // statistics has another text: at every key.
+    if (event->type() == QEvent::Resize && m_tab)
+        m_tab->resize(size());
+    if (event->type() == QEvent::LayoutRequest && m_minimum != minimumSizeHint()) {
+        m_minimum = minimumSizeHint();
+        updateGeometry();
+    }
+    return QWidget::event(event);
 }
 
 void SectionPage::take_counts(const EditorCounts &counts)

@@ -9,8 +9,8 @@
 
 namespace document_editor {
 
-/// The page of a section: a CustomTab that loads its text when it is first needed, and tells what has changed since.
-class SectionPage : public my_classes::CustomTab
+/// The page of a section: a CustomTab that is made and loaded when it is first needed, and what has changed since.
+class SectionPage : public QWidget
 {
     Q_OBJECT
 
@@ -18,7 +18,9 @@ public:
     explicit SectionPage(const Section &section);
 
     void load();
-    bool is_loaded() const { return m_is_loaded; }
+    bool is_loaded() const { return m_tab != nullptr; }
+    /// Loads the section if need be.
+    my_classes::CustomTextEditor *editor();
 
     /// The content as it is. Costs nothing if it has not changed since the last time or the file.
     QString html();
@@ -36,20 +38,28 @@ public:
     /// Of the whole section, whatever is selected.
     my_classes::EditorCounts counts() const { return m_counts; }
 
+    QSize sizeHint() const override { return m_tab ? m_tab->sizeHint() : QSize(); }
+    QSize minimumSizeHint() const override { return m_tab ? m_tab->minimumSizeHint() : QSize(); }
+
 Q_SIGNALS:
+    void loaded(document_editor::SectionPage *page);
+    void text_changed();
     void counts_changed();
     void modified_changed();
+    void language_changed();
 
 protected:
-    void showEvent(QShowEvent *event) override;
+    bool event(QEvent *event) override;
 
 private:
     void take_counts(const my_classes::EditorCounts &counts);
+    int revision() const;
 
+    my_classes::CustomTab *m_tab = nullptr;
     QString m_html;
     QString m_language;
     int m_revision = -1; // of the text document, at the last snapshot
-    bool m_is_loaded = false;
+    QSize m_minimum;     // that was told last
     my_classes::EditorCounts m_counts;
 };
 

@@ -53,8 +53,8 @@ SectionPage *SectionTabs::new_page(const Section &section)
     connect(page, &SectionPage::text_changed, this, &SectionTabs::content_changed);
     connect(page, &SectionPage::modified_changed, this, &SectionTabs::modified_changed);
     connect(page, &SectionPage::counts_changed, this, &SectionTabs::counts_changed);
-    connect(page->editor, &my_classes::CustomTextEditor::lang_changed, this, &SectionTabs::structure_changed);
-    Q_EMIT page_added(page);
+    connect(page, &SectionPage::language_changed, this, &SectionTabs::structure_changed);
+    connect(page, &SectionPage::loaded, this, &SectionTabs::page_loaded);
     return page;
 }
 
@@ -73,7 +73,7 @@ void SectionTabs::add_section(const Section &section)
     page->load();
     if (!page->is_blank())
         page->set_modified(true); // as the editor gives it from now on, not as it came
-    page->editor->text_edit->setFocus();
+    page->editor()->text_edit->setFocus();
     structure_changed();
 }
 
@@ -95,7 +95,7 @@ void SectionTabs::keep_closed(QWidget *page, const QString &title)
     else
         m_closed.append({section, title, m_closing_index});
     if (count() == 0)
-        append({{}, Preferences::instance().language(), {}})->editor->text_edit->setFocus();
+        append({{}, Preferences::instance().language(), {}})->editor()->text_edit->setFocus();
     structure_changed();
 }
 
@@ -105,7 +105,7 @@ void SectionTabs::restore_section()
         return;
     const ClosedSection closed = m_closed.takeLast();
     setCurrentIndex(insertTab(closed.index, closed.page, unique_title(closed.title)));
-    closed.page->editor->text_edit->setFocus();
+    closed.page->editor()->text_edit->setFocus();
     structure_changed();
 }
 
@@ -136,8 +136,7 @@ void SectionTabs::set_document(const Document &document, bool modified)
         m_closed.append({page, section.title, section.closed_at});
     }
     setCurrentIndex(0);
-    current_page()->load();
-    current_page()->editor->text_edit->setFocus();
+    current_page()->editor()->text_edit->setFocus();
     set_modified(modified);
 }
 

@@ -41,7 +41,7 @@ public:
     bool is_untouched() const;
 
 Q_SIGNALS:
-    void page_added(document_editor::SectionPage *page);
+    void page_loaded(document_editor::SectionPage *page);
     void content_changed();
     void modified_changed();
     void counts_changed();

@@ -32,6 +32,7 @@ using my_classes::CustomTextEditor;
 namespace {
 
 constexpr QSize k_first_size(1000, 760); // pixels
+constexpr int k_counts_delay = 200;      // milliseconds; not at every key
 const QString k_geometry_key = u"geometry"_s;
 
 /// The files of a drop; none if it is anything else, or a picture, which the text takes.
@@ -56,7 +57,6 @@ Window::Window(std::unique_ptr<RecoveryFile> recovery)
     , m_loading(new LoadingBar(m_tabs))
     , m_counts(new QLabel)
     , m_problem(new QLabel)
-    , m_recovery_path(recovery->path())
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setCentralWidget(m_tabs);
@@ -66,9 +66,15 @@ Window::Window(std::unique_ptr<RecoveryFile> recovery)
     statusBar()->addPermanentWidget(m_loading);
     statusBar()->addPermanentWidget(m_counts);
 
-    connect(m_tabs, &SectionTabs::page_added, this, &Window::prepare_page);
+    connect(m_tabs, &SectionTabs::page_loaded, this, &Window::prepare_page);
     connect(m_tabs, &SectionTabs::currentChanged, this, &Window::follow_current_page);
-    connect(m_tabs, &SectionTabs::counts_changed, this, &Window::show_counts);
+    m_counting.setSingleShot(true);
+    m_counting.setInterval(k_counts_delay);
+    connect(&m_counting, &QTimer::timeout, this, &Window::show_counts);
+    connect(m_tabs, &SectionTabs::counts_changed, this, [this] {
+        if (!m_counting.isActive())
+            m_counting.start();
+    });
     connect(m_tabs, &SectionTabs::modified_changed, this, [this] { setWindowModified(m_tabs->is_modified()); });
     connect(m_watch, &FileWatch::changed, this, &Window::file_has_changed);
     setAcceptDrops(true);
@@ -92,12 +98,12 @@ Window::~Window()
 
 CustomTextEditor *Window::editor() const
 {
-    return m_tabs->current_page()->editor;
+    return m_tabs->current_page()->editor();
 }
 
 void Window::prepare_page(SectionPage *page)
 {
-    CustomTextEditor *editor = page->editor;
+    CustomTextEditor *editor = page->editor();
     editor->set_shortcuts_enabled(false); // the menus have them
     connect_font_boxes(editor);
     new PageLook(editor);
@@ -132,12 +138,11 @@ void Window::show_counts()
                           .arg(locale.toString(m_tabs->current_page()->counts().words), locale.toString(words)));
 }
 
-void Window::set_path(const QString &path)
+void Window::set_path(const QString &path, const QString &stamp)
 {
     m_path = path;
-    m_file_is_newer = false;
-    m_watch->take_as_known(path);
-    m_autosave->set_origin(path);
+    m_watch->follow(path, stamp);
+    m_autosave->set_origin(path, stamp);
     setWindowTitle(tr("%1[*] - Document Editor").arg(name().replace("[*]"_L1, "[*][*]"_L1)));
     setWindowModified(m_tabs->is_modified());
 }

@@ -8,6 +8,7 @@
 
 #include <my_classes/editor_command.h>
 
+#include <QtCore/QTimer>
 #include <QtGui/QKeySequence>
 #include <QtWidgets/QMainWindow>
 
@@ -44,8 +45,8 @@ public:
     /// Opens a document, here if this one is untouched, else in another window. What is no document is offered for
     /// import; what cannot be opened is told, and changes nothing.
     void open(const QString &path);
-    /// Takes what a recovery file holds. Throws FileError.
-    void recover();
+    /// As one that is not saved yet, for what its recovery file holds.
+    void show_document(const Document &document, bool modified = true);
     bool save();
     bool save_as();
     void import_files(const QStringList &paths);
@@ -83,17 +84,18 @@ private:
     void new_section();
     void choose_files_to_open();
     void choose_files_to_import();
-    void show_document(const Document &document, const QString &path, bool modified = false);
+    std::optional<Document> read(const QString &path);
     bool write_to(const QString &path);
     bool may_lose_changes();
     void file_has_changed();
+    bool load_again();
     void offer_import(const QString &path);
     void download();
     void export_to_file(const QList<SectionPage *> &pages, const QString &name);
     void print();
     void preview_print();
     void print_pages(QPrinter *printer);
-    void set_path(const QString &path);
+    void set_path(const QString &path, const QString &stamp = {});
     QString name() const;
     void complain(const QString &reason);
     void toggle_full_screen(bool on);
@@ -103,12 +105,11 @@ private:
     FileWatch *m_watch;
     LoadingBar *m_loading;
     QLabel *m_counts;
+    QTimer m_counting;
     QLabel *m_problem;
     QList<CommandAction *> m_commands;
     QString m_path; // empty: never saved
-    QString m_recovery_path;
     bool m_asks_about_file = false;
-    bool m_file_is_newer = false; // than the recovery copy that is shown
 };
 
 } // namespace document_editor

@@ -4,18 +4,18 @@
 #include "autosave.h"
 #include "document_file.h"
 #include "exporter.h"
-#include "file_error.h"
 #include "file_watch.h"
 #include "files.h"
 #include "importer.h"
 #include "loading_bar.h"
+#include "opener.h"
 #include "preferences.h"
+#include "progress_box.h"
 #include "recent_files.h"
 #include "section_page.h"
 #include "section_tabs.h"
 #include "window.h"
 
-#include <QtCore/QDateTime>
 #include <QtCore/QFileInfo>
 #include <QtCore/QTemporaryDir>
 #include <QtPrintSupport/QPrintDialog>
@@ -36,7 +36,6 @@ using my_classes::DownloadOutcome;
 namespace {
 
 constexpr int k_message_time = 5000; // milliseconds
-constexpr int k_progress_delay = 500;
 
 QString with_document_suffix(const QString &path)
 {
@@ -62,42 +61,47 @@ void Window::choose_files_to_open()
 
 void Window::open(const QString &path)
 {
+    const QPointer<Window> here(this);
     try {
-        const QByteArray bytes = read_file(path);
-        if (!is_document(bytes)) {
-            offer_import(path);
+        const std::optional<Document> document = read(path);
+        if (!here || !document)
             return;
-        }
-        const Document document = from_bytes(bytes);
         Window *window = m_tabs->is_untouched() && m_path.isEmpty() ? this : new Window;
-        window->show_document(document, QFileInfo(path).absoluteFilePath());
+        window->show_document(*document, false);
         window->show();
         RecentFiles::add(path);
+    } catch (const ForeignFile &) {
+        if (here)
+            offer_import(path);
     } catch (const FileError &error) {
-        complain(tr("“%1” cannot be opened.\n\n%2").arg(QFileInfo(path).fileName(), error.reason()));
+        if (here)
+            complain(tr("“%1” cannot be opened.\n\n%2").arg(QFileInfo(path).fileName(), error.reason()));
     }
 }
 
-void Window::show_document(const Document &document, const QString &path, bool modified)
+std::optional<Document> Window::read(const QString &path)
 {
-    m_tabs->set_document(document, modified);
-    set_path(path);
-    m_loading->start();
+    const QString stamp = FileWatch::stamp_of(path); // before it may change
+    std::optional<Document> document = read_document(path, this);
+    if (document) {
+        document->origin = QFileInfo(path).absoluteFilePath();
+        document->origin_stamp = stamp;
+    }
+    return document;
 }
 
-void Window::recover()
+void Window::show_document(const Document &document, bool modified)
 {
-    const Document document = from_bytes(read_file(m_recovery_path));
-    const QDateTime copied = QFileInfo(m_recovery_path).lastModified();
-    show_document(document, document.origin, true);
-    m_file_is_newer = !m_path.isEmpty() && QFileInfo(m_path).lastModified() > copied;
+    m_tabs->set_document(document, modified);
+    set_path(document.origin, document.origin_stamp);
+    m_loading->start();
 }
 
 bool Window::save()
 {
     if (m_path.isEmpty())
         return save_as();
-    if (m_file_is_newer || m_watch->has_changed()) {
+    if (m_watch->has_changed()) {
         const auto answer =
             QMessageBox::question(this, tr("Save"), tr("“%1” was changed by another program. Replace it?").arg(name()),
                                   QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Cancel);
@@ -140,7 +144,7 @@ bool Window::write_to(const QString &path)
         return false;
     }
     m_tabs->set_modified(false);
-    set_path(QFileInfo(path).absoluteFilePath());
+    set_path(QFileInfo(path).absoluteFilePath(), FileWatch::stamp_of(path));
     RecentFiles::add(path);
     statusBar()->showMessage(tr("Saved"), k_message_time);
     return true;
@@ -165,17 +169,24 @@ void Window::file_has_changed()
                                  : tr("“%1” was changed by another program. Load it again?");
     const auto answer = QMessageBox::question(this, tr("Document Editor"), question.arg(name()));
     m_asks_about_file = false;
-    if (answer != QMessageBox::Yes) {
-        m_watch->take_as_known(m_path);
-        m_tabs->set_modified(true); // this is not what the file holds
+    if (answer == QMessageBox::Yes && load_again())
         return;
-    }
+    set_path(m_path, FileWatch::stamp_of(m_path));
+    m_tabs->set_modified(true); // this is not what the file holds
+}
+
+bool Window::load_again()
+{
+    const QPointer<Window> here(this);
     try {
-        show_document(from_bytes(read_file(m_path)), m_path);
+        const std::optional<Document> document = read(m_path);
+        if (here && document)
+            show_document(*document, false);
+        return !here || document;
     } catch (const FileError &error) {
-        m_watch->take_as_known(m_path);
-        m_tabs->set_modified(true);
-        complain(error.reason());
+        if (here)
+            complain(error.reason());
+        return !here;
     }
 }
 
@@ -237,16 +248,13 @@ void Window::export_to_file(const QList<SectionPage *> &pages, const QString &ti
         return;
     }
 
-    QProgressDialog waiting(tr("Exporting %1").arg(QFileInfo(path).fileName()), tr("Cancel"), 0, 0, this);
-    waiting.setWindowModality(Qt::WindowModal);
-    waiting.setMinimumDuration(k_progress_delay);
-    const auto progress = [&waiting](int done, int all) {
-        waiting.setMaximum(all);
-        waiting.setValue(done);
-        return !waiting.wasCanceled();
-    };
+    const QPointer<Window> here(this);
+    ProgressBox box(tr("Exporting %1").arg(QFileInfo(path).fileName()), this);
     try {
-        const bool done = export_pages(pages, path, title, progress);
+        const bool done =
+            export_pages(pages, path, title, [&box](int so_far, int all) { return box.show(so_far, all); });
+        if (!here)
+            return;
         statusBar()->showMessage(done ? tr("Exported to %1").arg(path) : tr("Nothing was exported"), k_message_time);
     } catch (const FileError &error) {
         complain(tr("“%1” cannot be written.\n\n%2").arg(path, error.reason()));
@@ -257,10 +265,8 @@ void Window::print_pages(QPrinter *printer)
 {
     QList<const my_classes::CustomTextEditor *> editors;
     const QList<SectionPage *> pages = m_tabs->pages();
-    for (SectionPage *page : pages) {
-        page->load();
-        editors.append(page->editor);
-    }
+    for (SectionPage *page : pages)
+        editors.append(page->editor());
     my_classes::CustomTextEditor::print_all_to(printer, editors, QFileInfo(name()).completeBaseName());
 }
 

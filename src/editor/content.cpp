@@ -43,6 +43,10 @@ void CustomTextEditor::load(const QString &content, void (QTextEdit::*as)(const 
     // changes. Taken away before the text area tells of the text, that goes for one change.
     QTextDocument *document = text_edit->document();
     const QFont font = unzoomed_font();
+    if (const QString sizeless = without_size_of(font, content); !sizeless.isEmpty()) {
+        (text_edit->*as)(sizeless);
+        return;
+    }
     const QObject meanwhile;
     connect(document, &QTextDocument::contentsChanged, &meanwhile, [is_done = false, document, font]() mutable {
         if (is_done || document->isEmpty()) // cleared first

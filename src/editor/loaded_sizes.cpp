@@ -12,7 +12,14 @@
 
 namespace my_classes {
 
+using namespace Qt::StringLiterals;
+
 namespace {
+
+// Of what QTextDocument::toHtml() gives.
+constexpr QStringView k_start =
+    u"<!DOCTYPE HTML PUBLIC \"-//W3C//DTD HTML 4.0//EN\" "
+    u"\"http://www.w3.org/TR/REC-html40/strict.dtd\">\n<html><head><meta name=\"qrichtext\"";
 
 /// `format` without the size of `font`; nothing if it has another or none. Sizes in pixels always are in the HTML.
 std::optional<QTextCharFormat> without_size_of(const QFont &font, QTextCharFormat format)
@@ -66,6 +73,18 @@ void forget_size_of(const QFont &font, QTextDocument *document)
     }
     cursor.endEditBlock();
     document->setUndoRedoEnabled(had_undo);
+}
+
+QString without_size_of(const QFont &font, const QString &html)
+{
+    if (font.pixelSize() > 0 || !html.startsWith(k_start))
+        return {};
+    const QString size = u"font-size:%1pt;"_s.arg(font.pointSizeF());
+    const qsizetype body = html.indexOf(u"<body style=\""_s, k_start.size());
+    const qsizetype at = body < 0 ? -1 : html.indexOf(size, body);
+    if (at < 0 || at > html.indexOf(u'>', body) || html.indexOf(size, at + 1) >= 0 || html.indexOf(u"<hr"_s, at) >= 0)
+        return {};
+    return QString(html).remove(at, size.size());
 }
 
 } // namespace my_classes

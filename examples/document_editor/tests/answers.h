@@ -11,6 +11,8 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMessageBox>
 
+#include <utility>
+
 /// Answers the modal windows that come, one after the other: a box by the text of a button, a file dialog by a path.
 class Answers : public QObject
 {
@@ -19,7 +21,7 @@ public:
         : m_left(answers)
     {
         connect(&m_timer, &QTimer::timeout, this, &Answers::give_next);
-        m_timer.start(20);
+        m_timer.start(60);
     }
 
     bool all_given() const { return m_left.isEmpty(); }
@@ -30,8 +32,8 @@ private:
     void give_next()
     {
         QWidget *dialog = QApplication::activeModalWidget();
-        if (!dialog || dialog == m_last || m_left.isEmpty())
-            return;
+        if (dialog != std::exchange(m_seen, dialog) || !dialog || dialog == m_last || m_left.isEmpty())
+            return; // a file dialog takes a moment to read its folder, and puts its own name into the field then
         m_last = dialog;
         const QString answer = m_left.takeFirst();
         if (auto *box = qobject_cast<QMessageBox *>(dialog)) {
@@ -54,6 +56,7 @@ private:
 
     QStringList m_left;
     QStringList m_asked;
+    QPointer<QWidget> m_seen;
     QPointer<QWidget> m_last;
     QTimer m_timer;
 };

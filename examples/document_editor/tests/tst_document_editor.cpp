@@ -6,6 +6,7 @@
 
 #include "autosave.h"
 #include "document_file.h"
+#include "file_watch.h"
 #include "files.h"
 #include "recovery_file.h"
 #include "section_page.h"
@@ -234,7 +235,7 @@ void TstDocumentEditor::opens_and_reloads()
     write_file(path, to_bytes({{{u"New"_s, {}, u"<p>third</p>"_s}, {u"Two"_s, {}, u"<p>second</p>"_s}}, {}}));
     QTRY_COMPARE(titles_of(tabs->document()), QStringList({u"New"_s, u"Two"_s}));
     QVERIFY(answers.asked().contains("another program"_L1));
-    QCOMPARE(tabs->current_page()->editor->text_edit->toPlainText(), u"third"_s);
+    QCOMPARE(tabs->current_page()->editor()->text_edit->toPlainText(), u"third"_s);
     window->close(); // asks nothing
     QTRY_VERIFY(!window);
 }
@@ -253,7 +254,7 @@ void TstDocumentEditor::closes_before_the_next_is_loaded()
     Answers answers({u"Yes"_s, u"Discard"_s});
     tabs->closeTab(0);
     QCOMPARE(titles_of(tabs->document()), QStringList(u"Two"_s));
-    QCOMPARE(tabs->current_page()->editor->text_edit->toPlainText(), u"second"_s);
+    QCOMPARE(tabs->current_page()->editor()->text_edit->toPlainText(), u"second"_s);
     window->close();
     QTRY_VERIFY(!window);
 }
@@ -291,7 +292,7 @@ void TstDocumentEditor::recovered_document_keeps_its_copy()
     file->write({{{u"Mine"_s, {}, u"<p>only here</p>"_s}}, {}});
     QTRY_COMPARE(written.count(), 1);
     auto *window = new Window(std::move(file));
-    window->recover();
+    window->show_document(from_bytes(read_file(path)));
     QTest::qWait(300);
     QVERIFY(QFile::exists(path));
     QVERIFY(window->isWindowModified());
@@ -307,7 +308,7 @@ void TstDocumentEditor::recovery_keeps_closed_sections()
     window->show();
     window->open(two_sections());
     auto *tabs = window->findChild<SectionTabs *>();
-    tabs->current_page()->editor->text_edit->insertPlainText(u"unsaved "_s);
+    tabs->current_page()->editor()->text_edit->insertPlainText(u"unsaved "_s);
     Answers answers({u"Yes"_s, u"Discard"_s});
     tabs->closeTab(0);
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(copy), 10000);
@@ -316,13 +317,13 @@ void TstDocumentEditor::recovery_keeps_closed_sections()
     auto found = RecoveryFile::left_behind();
     QCOMPARE(found.size(), 1u);
     const QPointer<Window> next = new Window(std::move(found.front()));
-    next->recover();
+    next->show_document(from_bytes(read_file(copy)));
     next->show();
     tabs = next->findChild<SectionTabs *>();
     QCOMPARE(titles_of(tabs->document()), QStringList(u"Two"_s));
     tabs->restore_section();
     QCOMPARE(titles_of(tabs->document()), QStringList({u"One"_s, u"Two"_s}));
-    QCOMPARE(tabs->current_page()->editor->text_edit->toPlainText(), u"unsaved first"_s);
+    QCOMPARE(tabs->current_page()->editor()->text_edit->toPlainText(), u"unsaved first"_s);
     next->close();
     QTRY_VERIFY(!next);
 }
@@ -330,17 +331,24 @@ void TstDocumentEditor::recovery_keeps_closed_sections()
 void TstDocumentEditor::recovery_knows_of_a_newer_file()
 {
     const QString path = two_sections();
-    auto file = std::make_unique<RecoveryFile>();
-    QSignalSpy written(file.get(), &RecoveryFile::written);
-    file->write({{{u"Mine"_s, {}, u"<p>older</p>"_s}}, path});
-    QTRY_COMPARE(written.count(), 1);
+    const QString stamp = FileWatch::stamp_of(path);
     QFile later(path);
     QVERIFY(later.open(QIODevice::ReadWrite));
-    QVERIFY(later.setFileTime(QDateTime::currentDateTime().addSecs(10), QFileDevice::FileModificationTime));
+    QVERIFY(later.setFileTime(QDateTime::currentDateTime().addSecs(-10), QFileDevice::FileModificationTime));
     later.close();
 
-    const QPointer<Window> window = new Window(std::move(file));
-    window->recover();
+    QPointer<Window> window;
+    Document document = {{{u"Mine"_s, {}, u"<p>older</p>"_s}}, path, stamp};
+    for (int crash = 0; crash < 2; ++crash) { // the second copy is newer than the file
+        delete window;
+        auto file = std::make_unique<RecoveryFile>();
+        const QString copy = file->path();
+        window = new Window(std::move(file));
+        window->show_document(document);
+        window->findChild<SectionTabs *>()->current_page()->editor()->text_edit->insertPlainText(u"x"_s);
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(copy), 10000);
+        document = from_bytes(read_file(copy));
+    }
     Answers answers({u"Cancel"_s, u"Yes"_s});
     QVERIFY(!window->save());
     QVERIFY(answers.asked().contains("another program"_L1));
@@ -450,7 +458,7 @@ void TstDocumentEditor::full_disk()
     setrlimit(RLIMIT_FSIZE, &limit);
     QVERIFY(was_told);
     QVERIFY(!was_saved && answers.asked().contains("not saved"_L1));
-    const QTextEdit *text = window->findChild<SectionTabs *>()->current_page()->editor->text_edit;
+    const QTextEdit *text = window->findChild<SectionTabs *>()->current_page()->editor()->text_edit;
     QCOMPARE(text->toPlainText(), u"Nothing is lost"_s);
     QVERIFY(window->isWindowModified());
     QTRY_VERIFY_WITH_TIMEOUT(!told(), 10000); // there is room again

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "document_file.h"
-#include "file_error.h"
 #include "files.h"
 #include "importer.h"
 #include "recovery_file.h"
@@ -56,7 +55,7 @@ bool same(const Document &a, const Document &b)
     const auto same_section = [](const Section &x, const Section &y) {
         return x.title == y.title && x.language == y.language && x.html == y.html && x.closed_at == y.closed_at;
     };
-    return a.origin == b.origin &&
+    return a.origin == b.origin && a.origin_stamp == b.origin_stamp &&
            std::equal(a.sections.begin(), a.sections.end(), b.sections.begin(), b.sections.end(), same_section) &&
            std::equal(a.closed.begin(), a.closed.end(), b.closed.begin(), b.closed.end(), same_section);
 }
@@ -74,9 +73,11 @@ void TstDocumentFile::gives_back_every_byte()
 {
     const Document plain = small_document();
     // A section that holds the markers of the file, and one that holds another whole file.
-    const QString markers = u"</section>\n</body>\n</html>\n<!-- sha256 00 -->\n<section lang=\"\" data-bytes=\"3\">"_s;
+    const QString markers =
+        u"</section>\n</body>\n</html>\n<!-- blake2b-256 00 -->\n<section lang=\"\" data-bytes=\"3\">"_s;
     Document hostile = plain;
     hostile.origin = u"/home/a \"b\"/<c>&amp;\n.html"_s;
+    hostile.origin_stamp = u"1764000000000-1234"_s;
     hostile.sections += {u"</h1></title><script>alert(1)</script>&amp;amp;\r\n\t "_s, {}, markers};
     hostile.sections += {u"<!-- "_s, u"\" onload=\"x"_s, QString::fromUtf8(to_bytes(plain))};
     hostile.sections += {{}, u"de_CH"_s, u"\0\r\n\u2028\U0001F600"_s};
@@ -116,9 +117,9 @@ void TstDocumentFile::refuses_every_damage()
         QVERIFY2(!reason_of([&] { from_bytes(damaged); }).isEmpty(), damaged.constData());
     }
     // With a checksum that fits, by someone who means it.
-    QByteArray lying = bytes.first(bytes.lastIndexOf("<!-- sha256 "));
+    QByteArray lying = bytes.first(bytes.lastIndexOf("<!-- blake2b-256 "));
     lying.replace("data-bytes=\"", "data-bytes=\"9999999999999999");
-    lying += "<!-- sha256 " + QCryptographicHash::hash(lying, QCryptographicHash::Sha256).toHex() + " -->\n";
+    lying += "<!-- blake2b-256 " + QCryptographicHash::hash(lying, QCryptographicHash::Blake2b_256).toHex() + " -->\n";
     QVERIFY(reason_of([&] { from_bytes(lying); }).contains("damaged"_L1));
 }
 
