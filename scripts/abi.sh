@@ -47,7 +47,8 @@ scripts/abi_dump.py $build/abi.xml "$library" >"$found"
 gone=$(comm -23 "$kept" "$found")
 added=$(comm -13 "$kept" "$found")
 moving=$(grep --fixed-strings "$(sed -n 's/: *[0-9]* bytes.*/: virtual /p' "$kept")" <<<"$added" || true)
-[[ -z $gone$moving ]] || fail "Programs that were built against $soname no longer fit; it needs another minor version." \
+[[ -z $gone$moving ]] || fail "Programs that were built against $soname no longer fit: it needs another minor version." \
+    "(As long as this one is not released, \"scripts/abi.sh --update\" will do.)" \
     "Changed or gone:" "$gone" "New:" "$added"
 [[ -z $added ]] || printf '%s\n' "New (\"scripts/abi.sh --update\" keeps it):" "$added"
 echo "$(wc -l <"$kept") facts of the binary interface hold, $size bytes stripped"
