@@ -62,9 +62,10 @@ public:
         // A dialog may be destroyed at any moment; this one lives until the next download.
         m_download = std::make_unique<DownloadDialog>(url, path, tr("Downloading %1").arg(url), this);
         connect(m_download.get(), &DownloadDialog::download_ended, this, [this](DownloadOutcome outcome) {
-            const bool success = outcome == DownloadOutcome::Completed;
-            statusBar()->showMessage(success ? tr("Downloaded")
-                                             : tr("Not downloaded: %1").arg(m_download->error_text()));
+            statusBar()->showMessage(outcome == DownloadOutcome::Completed ? tr("Downloaded")
+                                     : outcome == DownloadOutcome::Cancelled
+                                         ? tr("Download cancelled")
+                                         : tr("Not downloaded: %1").arg(m_download->error_text()));
         });
         m_download->show();
     }

@@ -313,6 +313,8 @@ void TstCommands::pictures_are_pasted_and_dropped()
     QDropEvent drop({60, 60}, Qt::CopyAction, dragged.get(), Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(text->viewport(), &drop);
     QCOMPARE(sizes_seen(), QList<QSizeF>{small.size()});
+    text->setAcceptRichText(false);
+    QCOMPARE(paste(picture_data(small, {})).size(), 1); // the one before
 
     // A picture beside the page that names it.
     text->document()->setMetaInformation(QTextDocument::DocumentUrl, urls[0].resolved(QUrl(u"page.html"_s)).toString());
@@ -330,6 +332,7 @@ void TstCommands::forms_pass_a_parent_alone()
     const auto *tab = new my_classes::CustomTab(&form);
     QCOMPARE(tab->parentWidget(), &form);
     QVERIFY(tab->lang == editor->lang && tab->editor->spellchecker && editor->spellchecker);
+    QVERIFY(!CustomTextEditor(nullptr).parentWidget() && !my_classes::CustomTab(nullptr).parentWidget());
     const CustomTextEditor as_ever({}, &form);
     QCOMPARE(as_ever.lang, u"en"_s);
 }

@@ -452,6 +452,7 @@ void TstDownload::dialog_failure_is_seen_for_ten_seconds()
     QSignalSpy canceled(&never_shown, &QProgressDialog::canceled);
     QTRY_COMPARE(never_shown.outcome(), DownloadOutcome::Completed);
 
+    DownloadDialog late(m_server.url("/whole"), u"/no/such/folder/file"_s, u"Fetching"_s);
     DownloadDialog dialog(m_server.url("/missing"), target(), u"Fetching"_s);
     QSignalSpy progress(dialog.downloader.get(), &FileDownloader::progress_updated);
     dialog.show();
@@ -461,10 +462,14 @@ void TstDownload::dialog_failure_is_seen_for_ten_seconds()
     QCOMPARE(progress.last()[0].toInt(), 100); // which hides it
     while (shown_for.elapsed() < 9000) {
         QVERIFY(dialog.isVisible() && !never_shown.isVisible());
+        if (shown_for.elapsed() > 5000)
+            late.show();
         QTest::qWait(100);
     }
     QCOMPARE(standard_output_of([&] { QTRY_VERIFY(!dialog.isVisible()); }), QString());
     QVERIFY(canceled.isEmpty() && !never_shown.wasCanceled());
+    QTest::qWait(1000);
+    QVERIFY(late.isVisible()); // its ten seconds have begun later
 }
 
 void TstDownload::dialog_failure_before_it_is_shown()

@@ -67,28 +67,44 @@ void TstEditor::toolbar_shows_everything_at_every_width()
     const QToolBar *bar = editor.toolbar;
     editor.text_edit->setPlainText(u"word. "_s.repeated(200'000)); // a long statistics line
     window.show();
+    const auto check = [&](int width) {
+        window.resize(width, 600);
+        QCoreApplication::processEvents();
+        QRegion taken;
+        for (QAction *action : bar->actions()) {
+            const QWidget *widget = bar->widgetForAction(action);
+            if (action->isSeparator())
+                continue;
+            const QByteArray where = action->text().toUtf8() + " at " + QByteArray::number(width);
+            QVERIFY2(action->text().isEmpty() || !action->icon().pixmap(16).isNull(), where);
+            QVERIFY2(widget->isVisible() && bar->rect().contains(widget->geometry()), where);
+            QVERIFY2(widget->width() >= qMin(widget->sizeHint().width(), bar->width() - 10), where);
+            QVERIFY2(widget->height() >= widget->sizeHint().height(), where);
+            QVERIFY2(!taken.intersects(widget->geometry()), where);
+            taken += widget->geometry();
+        }
+        QVERIFY(bar->geometry().bottom() < editor.text_edit->geometry().top());
+        QVERIFY(editor.rect().contains(button(editor, u"+"_s)->geometry()));
+    };
     for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
         window.setLayoutDirection(direction);
-        for (int width = 1400; width >= 700; width -= 50) {
-            window.resize(width, 600);
-            QCoreApplication::processEvents();
-            QCOMPARE(window.width(), width);
-            QRegion taken;
-            for (QAction *action : bar->actions()) {
-                const QWidget *widget = bar->widgetForAction(action);
-                if (action->isSeparator())
-                    continue;
-                const QByteArray where = action->text().toUtf8() + " at " + QByteArray::number(width);
-                QVERIFY2(action->text().isEmpty() || !action->icon().pixmap(16).isNull(), where);
-                QVERIFY2(widget->isVisible() && bar->rect().contains(widget->geometry()), where);
-                QVERIFY2(widget->width() >= qMin(widget->sizeHint().width(), bar->width() - 10), where);
-                QVERIFY2(!taken.intersects(widget->geometry()), where);
-                taken += widget->geometry();
-            }
-            QVERIFY(bar->geometry().bottom() < editor.text_edit->geometry().top());
-            QVERIFY(editor.rect().contains(button(editor, u"+"_s)->geometry()));
-        }
+        for (int width = 1400; width >= 700; width -= 50)
+            check(width);
+        QCOMPARE(window.width(), 700);
     }
+    QFont large = window.font();
+    large.setPointSize(2 * large.pointSize());
+    window.setFont(large);
+    check(1000);
+
+    // From right to left the statistics begin at the right.
+    editor.text_edit->setPlainText(u"word"_s);
+    const QImage line = editor.word_count_label->grab().toImage();
+    const auto is_blank = [&](int x, int width) {
+        const QImage part = line.copy(x, 0, width, line.height());
+        return part == QImage(part).scaled(1, 1).scaled(part.size());
+    };
+    QVERIFY(is_blank(0, 10) && !is_blank(line.width() - 30, 30));
 }
 
 void TstEditor::two_editors_by_keyboard_and_mouse()

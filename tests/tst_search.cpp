@@ -521,6 +521,7 @@ void TstSearch::marks_are_readable_on_dark()
     QTextEdit::ExtraSelection of_host;
     of_host.cursor = area.textCursor();
     area.setExtraSelections({of_host});
+    const qsizetype helpers = area.children().size();
     const auto dark = [&] {
         area.grab();
         QStringList letters;
@@ -541,6 +542,7 @@ void TstSearch::marks_are_readable_on_dark()
     QCOMPARE(dark(), QStringList{u"cat#000000"_s}); // the marks outlive the dialog; white is white on a light one, too
     area.setPlainText({});
     QVERIFY(dark().isEmpty() && area.extraSelections().size() == 1);
+    QCOMPARE(area.children().size(), helpers); // nothing is left behind
 }
 
 MY_CLASSES_TEST_MAIN(TstSearch)

@@ -28,8 +28,8 @@ public:
 
     /// For forms: the editor's default font, and the language "en", or none where that has no dictionary. Does not
     /// throw.
-    template<typename Widget, typename = std::enable_if_t<std::is_convertible_v<Widget *, QWidget *>>>
-    explicit CustomTab(Widget *parent)
+    template<typename Parent, typename = std::enable_if_t<std::is_convertible_v<Parent, QWidget *>>>
+    explicit CustomTab(Parent parent)
         : CustomTab(ForForms(0), parent)
     {
     }

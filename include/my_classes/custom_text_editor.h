@@ -70,8 +70,8 @@ public:
     explicit CustomTextEditor(const std::optional<QFont> &font, QWidget *parent = nullptr,
                               const QString &lang = QStringLiteral("en"));
     /// For forms: the default font, and the language "en", or none where that has no dictionary. Does not throw.
-    template<typename Widget, typename = std::enable_if_t<std::is_convertible_v<Widget *, QWidget *>>>
-    explicit CustomTextEditor(Widget *parent) // a template, so that CustomTextEditor({}) means what it did
+    template<typename Parent, typename = std::enable_if_t<std::is_convertible_v<Parent, QWidget *>>>
+    explicit CustomTextEditor(Parent parent) // a template, so that CustomTextEditor({}) means what it did
         : CustomTextEditor(ForForms(0), parent)
     {
     }

@@ -10,6 +10,10 @@
 
 #include <memory>
 
+QT_BEGIN_NAMESPACE
+class QTimer;
+QT_END_NAMESPACE
+
 namespace my_classes {
 
 class FileDownloader;
@@ -19,7 +23,8 @@ enum class DownloadOutcome { Pending, Completed, Failed, Cancelled };
 
 /// Progress dialog of one download, which its construction starts. The host shows and deletes it, at any moment; by
 /// itself it appears after QProgressDialog's delay; shown before, it stays or comes back for ten seconds when the
-/// download has failed, and one that was never shown does not appear after the end. Closing it before the end cancels
+/// download has failed, and one that was never shown does not appear after the end: a host that shows it then shows the
+/// failure for ten seconds. Closing it before the end cancels
 /// the download; afterwards its button reads "Close", and it only closes. canceled() and wasCanceled() mean a cancel by
 /// the person, nothing else. GUI thread only.
 class MY_CLASSES_EXPORT DownloadDialog : public QProgressDialog
@@ -67,6 +72,7 @@ private:
     void show_failure();
     void wait_for_outcome();
 
+    QTimer *m_closing;
     QString m_title;
     QString m_button_text;
     const char *m_state = nullptr;

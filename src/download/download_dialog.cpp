@@ -46,6 +46,7 @@ const auto k_bar_style = uR"(
 DownloadDialog::DownloadDialog(const QString &url, const QString &file_path, const QString &msg, QWidget *parent)
     : QProgressDialog(parent)
     , downloader(std::make_unique<FileDownloader>(url, file_path))
+    , m_closing(new QTimer(this))
 {
     setLabel(new WrappingLabel);
     setFixedSize(300, 150);
@@ -54,6 +55,8 @@ DownloadDialog::DownloadDialog(const QString &url, const QString &file_path, con
     setLabelText(msg);
     setCancelButtonText(m_button_text = tr("Cancel"));
     setRange(0, 100);
+    m_closing->setSingleShot(true);
+    connect(m_closing, &QTimer::timeout, this, &QWidget::close);
     new Retranslation(this, [this] { set_texts(); });
 
     connect(downloader.get(), &FileDownloader::progress_updated, this, &DownloadDialog::show_progress);
@@ -135,7 +138,7 @@ void DownloadDialog::on_download_finished(bool success)
         settle(m_cancelled ? DownloadOutcome::Cancelled
                : success   ? DownloadOutcome::Completed
                            : DownloadOutcome::Failed);
-    QTimer::singleShot(k_outcome_time, this, &QWidget::close);
+    m_closing->start(k_outcome_time);
 
     const QPointer<DownloadDialog> still_here(this);
     if (success && m_cancelled)
@@ -226,6 +229,8 @@ void DownloadDialog::closeEvent(QCloseEvent *event)
 void DownloadDialog::showEvent(QShowEvent *event)
 {
     m_has_been_shown = true;
+    if (m_outcome == DownloadOutcome::Failed && !event->spontaneous())
+        m_closing->start(k_outcome_time); // one shown later is to be read as well
     QProgressDialog::showEvent(event);
 }
 

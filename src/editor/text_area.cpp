@@ -176,14 +176,14 @@ bool TextArea::canInsertFromMimeData(const QMimeData *source) const
 {
     if (!source || source->formats().isEmpty())
         return false;
-    return offers_pictures(source) || QTextEdit::canInsertFromMimeData(source);
+    return (acceptRichText() && offers_pictures(source)) || QTextEdit::canInsertFromMimeData(source);
 }
 
 void TextArea::insertFromMimeData(const QMimeData *source)
 {
     if (!source || source->formats().isEmpty() || isReadOnly())
         return;
-    if (!offers_pictures(source) || !insert_pictures(this, source))
+    if (!acceptRichText() || !offers_pictures(source) || !insert_pictures(this, source))
         QTextEdit::insertFromMimeData(source);
 }
 

@@ -92,7 +92,6 @@ void SearchDialog::find_all_matches()
     if (!editor || wanted.isEmpty())
         return;
     const QPointer<SearchDialog> here(this);
-    ReadableMarks::install(editor);
     const QList<int> found = [&] {
         if (editor->isReadOnly())
             return find_only(editor->document(), wanted);
@@ -101,6 +100,7 @@ void SearchDialog::find_all_matches()
     }();
     if (!here || !editor)
         return;
+    ReadableMarks::install(editor);
     search_results = found;
     current_search_index = -1;
 

@@ -16,9 +16,14 @@ namespace {
 constexpr int k_our_mark = QTextFormat::UserProperty + 0x6d63; // among the extra selections of others
 constexpr int k_light = 128;
 
+bool is_yellow(const QTextFormat &format)
+{
+    return format.background().style() != Qt::NoBrush && format.background().color() == QColor(Qt::yellow);
+}
+
 bool is_unreadable(const QTextCharFormat &format, const QColor &usual_colour)
 {
-    if (format.background().style() == Qt::NoBrush || format.background().color() != QColor(Qt::yellow))
+    if (!is_yellow(format))
         return false;
     const bool has_own = format.hasProperty(QTextFormat::ForegroundBrush);
     return qGray((has_own ? format.foreground().color() : usual_colour).rgb()) >= k_light;
@@ -54,6 +59,20 @@ ReadableMarks::ReadableMarks(QTextEdit *text_area)
 {
     text_area->viewport()->installEventFilter(this);
     text_area->viewport()->update();
+    connect(text_area, &QTextEdit::textChanged, this, &ReadableMarks::leave_unmarked);
+}
+
+/// Goes where nothing is yellow or can become it again by undoing.
+void ReadableMarks::leave_unmarked()
+{
+    const QTextDocument *document = m_text_area->document();
+    if (document->isUndoAvailable() || document->isRedoAvailable())
+        return;
+    const QList<QTextFormat> formats = document->allFormats();
+    if (std::any_of(formats.begin(), formats.end(), is_yellow))
+        return;
+    update();
+    delete this;
 }
 
 bool ReadableMarks::eventFilter(QObject *watched, QEvent *event)

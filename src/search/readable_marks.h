@@ -23,6 +23,7 @@ public:
 
 private:
     explicit ReadableMarks(QTextEdit *text_area);
+    void leave_unmarked();
     void update();
     QList<QTextEdit::ExtraSelection> unreadable_in_sight() const;
 
