@@ -542,14 +542,43 @@ void TstContent::documents_are_left_as_found()
 
 void TstContent::deleted_in_slots()
 {
-    for (const bool locks : {false, true}) {
-        const QPointer<CustomTextEditor> editor = new CustomTextEditor(std::nullopt);
-        const auto die = [editor] { delete editor.data(); };
-        connect(editor, &CustomTextEditor::modified_changed, this, die);
-        connect(editor, &CustomTextEditor::read_only_changed, this, die);
-        locks ? editor->set_read_only(true) : editor->set_modified(true);
-        QVERIFY(!editor);
-    }
+    using Editor = CustomTextEditor;
+    using Change = std::function<void(Editor &)>;
+    const auto dies = [this](auto sender, auto signal, const Change &change) {
+        const QPointer<Editor> editor = new Editor({}, nullptr, u"en_US"_s);
+        editor->set_html_content(u"<b>teh</b> cat"_s);
+        editor->check_spelling();
+        select(editor->text_edit, 1);
+        connect(sender(editor.data()), signal, this, [editor] { delete editor.data(); });
+        change(*editor);
+        return !editor;
+    };
+    const auto itself = [](Editor *editor) { return editor; };
+    QVERIFY(dies(itself, &Editor::read_only_changed, [](Editor &editor) { editor.set_read_only(true); }));
+    QVERIFY(dies(itself, &Editor::modified_changed, [](Editor &editor) { editor.set_modified(true); }));
+    // Qt does not survive it in a signal of the text area itself.
+    const auto select_quietly = [](Editor &editor, int anchor, int position) {
+        const QSignalBlocker quiet(editor.text_edit);
+        select(editor.text_edit, anchor, position);
+    };
+    const Change leave_word = [&](Editor &editor) {
+        select_quietly(editor, 6, 6);
+        editor.update_from_cursor();
+    };
+    const Change select_word = [&](Editor &editor) {
+        select_quietly(editor, 4, 7);
+        editor.count_words();
+    };
+    const std::pair<QAction * Editor::*, Change> actions[] = {
+        {&Editor::bold_action, leave_word},
+        {&Editor::bold_action, [](Editor &editor) { editor.set_read_only(true); }},
+        {&Editor::correctAction, leave_word},
+        {&Editor::correctAction, [](Editor &editor) { editor.check_spelling(); }},
+        {&Editor::correctAction, [](Editor &editor) { editor.show_first_misspelled({u"cat"_s}); }},
+        {&Editor::checkAction, [](Editor &editor) { editor.set_lang({}); }},
+        {&Editor::clear_formatting_action, select_word}};
+    for (const auto &[action, change] : actions)
+        QVERIFY(dies([member = action](Editor *editor) { return editor->*member; }, &QAction::changed, change));
 }
 
 void TstContent::prints_in_pages()

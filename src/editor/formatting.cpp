@@ -5,11 +5,11 @@
 #include "editor/typing_format.h"
 #include "editor/word_under_cursor.h"
 #include "frame/diagnostics.h"
+#include "frame/quiet.h"
 
 #include <my_classes/custom_text_editor.h>
 
 #include <QtCore/QPointer>
-#include <QtCore/QSignalBlocker>
 #include <QtGui/QAction>
 #include <QtGui/QTextTable>
 #include <QtWidgets/QComboBox>
@@ -137,8 +137,10 @@ void CustomTextEditor::set_font_family(const QString &family)
 {
     QTextCharFormat format;
     format.setFontFamilies({family});
+    const QPointer<QTextEdit> area = text_edit; // which a listener may delete
     merge_format_on_selection(format);
-    text_edit->setFocus();
+    if (area)
+        area->setFocus();
 }
 
 void CustomTextEditor::set_font_size(const QString &size)
@@ -163,8 +165,10 @@ void CustomTextEditor::apply_font_size(double points)
     }
     QTextCharFormat format;
     format.setFontPointSize(points);
+    const QPointer<QTextEdit> area = text_edit; // which a listener may delete
     merge_format_on_selection(format);
-    text_edit->setFocus();
+    if (area)
+        area->setFocus();
 }
 
 void CustomTextEditor::set_alignment(Qt::Alignment alignment)
@@ -209,18 +213,25 @@ void CustomTextEditor::clear_formatting()
 void CustomTextEditor::update_format_buttons()
 {
     const QTextCharFormat format = text_edit->textCursor().charFormat();
-    bold_action->setChecked(format.font().bold());
-    italic_action->setChecked(format.fontItalic());
-    underline_action->setChecked(format.fontUnderline());
+    const std::pair<QPointer<QAction>, bool> buttons[] = {{bold_action, format.font().bold()},
+                                                          {italic_action, format.fontItalic()},
+                                                          {underline_action, format.fontUnderline()}};
+    for (const auto &[button, is_on] : buttons) {
+        if (button) // a listener may have deleted the editor
+            button->setChecked(is_on);
+    }
 }
 
 void CustomTextEditor::update_font_combos()
 {
-    const QSignalBlocker quiet(text_edit);
+    const Quiet quiet(text_edit);
+    const QPointer<CustomTextEditor> here(this);
     const QTextCharFormat format = text_edit->textCursor().charFormat();
     const QString family = format.font().family();
     if (!family.isEmpty() && family != font_combo->currentText())
         font_combo->setCurrentText(family);
+    if (!here)
+        return;
     double points = format.font().pointSizeF();
     if (points > 0 && !format.hasProperty(QTextFormat::FontPointSize)) // zoom changes the default size only
         points *= unzoomed_font().pointSizeF() / text_edit->document()->defaultFont().pointSizeF();

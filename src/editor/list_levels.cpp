@@ -43,8 +43,10 @@ bool change_list_level(QTextEdit *text_edit, int steps)
         other->add(cursor.block());
     else
         cursor.createList(format);
+    const QPointer<QTextEdit> here(text_edit);
     cursor.endEditBlock();
-    text_edit->ensureCursorVisible();
+    if (here)
+        here->ensureCursorVisible();
     return true;
 }
 

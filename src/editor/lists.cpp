@@ -36,8 +36,10 @@ void CustomTextEditor::insert_list(QTextListFormat::Style style)
         cursor.createList(format);
     else
         cursor.insertList(format);
+    const QPointer<QTextEdit> here = text_edit;
     cursor.endEditBlock();
-    text_edit->ensureCursorVisible();
+    if (here) // a listener may have deleted it
+        here->ensureCursorVisible();
 }
 
 } // namespace my_classes

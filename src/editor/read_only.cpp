@@ -74,15 +74,20 @@ QLabel *CustomTextEditor::create_read_only_label()
 /// Actions that depend on more, such as a selection, look at is_read_only() themselves.
 void CustomTextEditor::enable_writing(bool enabled)
 {
+    const QPointer<CustomTextEditor> here(this); // a listener may delete it
     for (const EditorCommand command :
          {EditorCommand::Bold, EditorCommand::Italic, EditorCommand::Underline, EditorCommand::Cut,
           EditorCommand::Paste, EditorCommand::PasteUnformatted, EditorCommand::Undo, EditorCommand::Redo,
           EditorCommand::JustifyLeft, EditorCommand::JustifyCenter, EditorCommand::JustifyRight,
           EditorCommand::JustifyFull, EditorCommand::NumberedList, EditorCommand::BulletListDisc,
-          EditorCommand::BulletListSquare, EditorCommand::InsertImage, EditorCommand::InsertTable})
-        action(command)->setEnabled(enabled);
-    selection_changed();
-    update_suggestions();
+          EditorCommand::BulletListSquare, EditorCommand::InsertImage, EditorCommand::InsertTable}) {
+        if (here)
+            action(command)->setEnabled(enabled);
+    }
+    if (here)
+        selection_changed();
+    if (here)
+        update_suggestions();
 }
 
 } // namespace my_classes

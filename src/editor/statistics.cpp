@@ -29,10 +29,11 @@ void CustomTextEditor::count_words()
     if (!here)
         return;
     const bool selected = has_selected_text();
-    clear_formatting_action->setEnabled(selected && !is_read_only()); // selected cells may just have been emptied
     const TextCounts counts =
         selected ? m_statistics->of_selection(text_edit->textCursor()) : m_statistics->of_document();
-    show_counts({counts.sentences, counts.words, counts.characters, selected});
+    clear_formatting_action->setEnabled(selected && !is_read_only()); // selected cells may just have been emptied
+    if (here)
+        show_counts({counts.sentences, counts.words, counts.characters, selected});
 }
 
 void CustomTextEditor::show_counts(const EditorCounts &counts)

@@ -120,15 +120,19 @@ bool TextArea::event(QEvent *event)
         m_editor->wheel_event(static_cast<QWheelEvent *>(event));
         return event->isAccepted();
     }
+    const QPointer<TextArea> here(this);
     const bool is_taken = QTextEdit::event(event);
-    fill_background_after(event);
+    if (here)
+        fill_background_after(event);
     return is_taken;
 }
 
 bool TextArea::viewportEvent(QEvent *event)
 {
+    const QPointer<TextArea> here(this);
     const bool is_taken = QTextEdit::viewportEvent(event);
-    fill_background_after(event);
+    if (here)
+        fill_background_after(event);
     return is_taken;
 }
 

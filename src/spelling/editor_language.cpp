@@ -49,8 +49,8 @@ void CustomTextEditor::enable_spelling()
     const bool can_check = spellchecker != nullptr;
     if (can_check == suggestionsComboBox->isEnabled()) // a host's own disabling stays while a language follows another
         return;
-    checkAction->setEnabled(can_check);
     suggestionsComboBox->setEnabled(can_check);
+    checkAction->setEnabled(can_check); // last: a listener may delete the editor
 }
 
 } // namespace my_classes

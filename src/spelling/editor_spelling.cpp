@@ -4,13 +4,14 @@
 #include "editor/edit_state.h"
 #include "editor/word_under_cursor.h"
 #include "frame/diagnostics.h"
+#include "frame/quiet.h"
 #include "spelling/word_marker.h"
 
 #include <my_classes/custom_highlighter.h>
 #include <my_classes/custom_text_editor.h>
 
 #include <QtCore/QLoggingCategory>
-#include <QtCore/QSignalBlocker>
+#include <QtCore/QPointer>
 #include <QtGui/QAction>
 #include <QtWidgets/QComboBox>
 
@@ -23,15 +24,44 @@ using namespace Qt::StringLiterals;
 
 Q_LOGGING_CATEGORY(log_spelling, "my_classes.spelling")
 
+namespace {
+
+/// False if a listener has deleted the editor.
+bool enable_word_actions(CustomTextEditor *editor, bool correct, bool add)
+{
+    const QPointer<CustomTextEditor> here(editor);
+    editor->correctAction->setEnabled(correct);
+    if (here)
+        editor->addWordAction->setEnabled(add);
+    return here;
+}
+
+/// Sorted, with `suggestions`' first one chosen. False if a listener has deleted the box.
+bool fill(QComboBox *box, const QStringList &suggestions)
+{
+    const QPointer<QComboBox> here(box);
+    QStringList sorted = suggestions;
+    std::sort(sorted.begin(), sorted.end());
+    if (box->count() > 0)
+        box->clear();
+    if (here && !sorted.isEmpty())
+        box->addItems(sorted);
+    if (here && !sorted.isEmpty())
+        box->setCurrentText(suggestions.first());
+    return here;
+}
+
+} // namespace
+
 void CustomTextEditor::check_spelling()
 {
     if (!spellchecker)
         return;
     QSet<QString> misspelled;
     {
-        const QSignalBlocker quiet(text_edit); // underlining is not an edit
-        correctAction->setEnabled(false);
-        addWordAction->setEnabled(false);
+        const Quiet quiet(text_edit); // underlining is not an edit
+        if (!enable_word_actions(this, false, false))
+            return;
         try {
             misspelled = spellchecker->check(text_edit->toPlainText());
         } catch (const std::runtime_error &error) {
@@ -48,8 +78,8 @@ void CustomTextEditor::check_spelling()
 void CustomTextEditor::show_first_misspelled(const QSet<QString> &misspelled)
 {
     trace("Going to first misspelled...");
+    const QPointer<CustomTextEditor> here(this);
     const bool had_selection = text_edit->textCursor().hasSelection();
-    QSignalBlocker quiet(text_edit);
     QTextCursor cursor = text_edit->textCursor();
     cursor.movePosition(QTextCursor::Start);
     const bool examined = !cursor.atEnd();
@@ -66,32 +96,36 @@ void CustomTextEditor::show_first_misspelled(const QSet<QString> &misspelled)
         return;
     // Also when no word was found: the last word of the document is shown then.
     cursor.movePosition(QTextCursor::StartOfWord);
-    text_edit->setTextCursor(cursor);
-    text_edit->ensureCursorVisible();
-    text_edit->setFocus();
-    // Their word is no longer the one under the cursor.
-    correctAction->setEnabled(false);
-    addWordAction->setEnabled(false);
-    quiet.unblock();
+    {
+        const Quiet quiet(text_edit);
+        text_edit->setTextCursor(cursor);
+        text_edit->ensureCursorVisible();
+        if (here)
+            text_edit->setFocus();
+        // Their word is no longer the one under the cursor.
+        if (!here || !enable_word_actions(this, false, false))
+            return;
+    }
     if (had_selection)
         selection_changed();
 }
 
 void CustomTextEditor::update_from_cursor()
 {
+    const QPointer<CustomTextEditor> here(this);
     update_format_buttons();
-    update_font_combos();
-    update_suggestions();
+    if (here)
+        update_font_combos();
+    if (here)
+        update_suggestions();
 }
 
 void CustomTextEditor::update_suggestions()
 {
     // In lower case: a word reported with capitals is never offered suggestions.
     const QString word = word_under_cursor(text_edit->textCursor()).selectedText().trimmed().toLower();
-    correctAction->setEnabled(false);
-    addWordAction->setEnabled(false);
-    if (suggestionsComboBox->count() > 0)
-        suggestionsComboBox->clear();
+    if (!enable_word_actions(this, false, false) || !fill(suggestionsComboBox, {}))
+        return;
     if (!spellchecker || !highlighter->misspelled.contains(word) || (m_marker && m_marker->is_typing()))
         return;
 
@@ -104,15 +138,8 @@ void CustomTextEditor::update_suggestions()
         return;
     }
     trace(u"Suggestions: "_s + quoted_list(suggestions));
-    if (suggestions.isEmpty()) {
-        addWordAction->setEnabled(true);
-        return;
-    }
-    QStringList sorted = suggestions;
-    std::sort(sorted.begin(), sorted.end());
-    suggestionsComboBox->addItems(sorted);
-    suggestionsComboBox->setCurrentText(suggestions.first());
-    correctAction->setEnabled(!text_edit->isReadOnly());
+    if (fill(suggestionsComboBox, suggestions))
+        enable_word_actions(this, !suggestions.isEmpty() && !text_edit->isReadOnly(), suggestions.isEmpty());
 }
 
 void CustomTextEditor::correct_word()
