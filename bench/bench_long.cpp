@@ -103,6 +103,13 @@ void measure_scrolling(Windows &windows, const QString &size)
             QScrollBar *bar = area->verticalScrollBar();
             bar->setValue(static_cast<int>(static_cast<qint64>(bar->maximum()) * (++step / 2 % 40) / 40));
         }));
+}
+
+void measure_sizes(Windows &windows, const QString &size)
+{
+    const auto row = [&](const char *what, const bench::Pair &times) {
+        bench::print_row(QStringLiteral("%1, %2").arg(QLatin1StringView(what), size), times, 1.3);
+    };
     windows.put_cursors(QTextCursor::Start);
     row("resize", bench::alternate(
                       5,
@@ -251,7 +258,8 @@ int main(int argc, char *argv[])
     for (const int words : std::as_const(lengths)) {
         const QString size = QStringLiteral("%L1 words").arg(words);
         const QString text = bench::book_text(words);
-        if (wants("edits") || wants("end") || wants("scrolling") || wants("marking") || wants("table")) {
+        if (wants("edits") || wants("end") || wants("scrolling") || wants("sizes") || wants("marking") ||
+            wants("table")) {
             const std::unique_ptr<Windows> windows = marked_windows(text);
             if (wants("edits"))
                 measure_edits(*windows, size, words >= 1'000'000 ? 0.1 : 0.5);
@@ -259,6 +267,8 @@ int main(int argc, char *argv[])
                 measure_end(*windows, size);
             if (wants("scrolling"))
                 measure_scrolling(*windows, size);
+            if (wants("sizes"))
+                measure_sizes(*windows, size);
             if (wants("marking"))
                 measure_marking(*windows, text, size);
             if (wants("table"))

@@ -3,7 +3,7 @@
 
 #include "layout/document_layout.h"
 
-#include <QtCore/QElapsedTimer>
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QFontMetrics>
 #include <QtGui/QTextBlock>
@@ -19,10 +19,14 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int k_few_paragraphs = 8;               // are laid out at once when they change
-constexpr qreal k_endless = 1'000'000'000;        // pixels
-constexpr auto k_quiet = 250ms;                   // before what is not seen is measured
-constexpr qint64 k_slice_nanoseconds = 1'500'000; // a longer one is felt between two keys
+constexpr int k_few_paragraphs = 8;        // are laid out at once when they change
+constexpr int k_many_cached = 100;         // paragraphs whose glyphs are kept
+constexpr int k_few_of = 8;                // one in so many: it is worth while to look for them
+constexpr int k_sample = 24;               // paragraphs by which all are estimated
+constexpr int k_small_sample = 8;          // by which heights of others are compared with those before
+constexpr qreal k_endless = 1'000'000'000; // pixels
+constexpr auto k_quiet = 250ms;            // before what is not seen is measured
+constexpr auto k_slice = 1500us;           // a longer one is felt between two keys
 
 } // namespace
 
@@ -34,7 +38,7 @@ DocumentLayout::DocumentLayout(QTextDocument *document)
                     dynamic_cast<QObject *>(qt_layout->handlerForObject(QTextFormat::ImageObject)));
     m_measuring.setSingleShot(true);
     m_announcing.setSingleShot(true);
-    connect(&m_measuring, &QTimer::timeout, this, &DocumentLayout::measure_slice);
+    connect(&m_measuring, &QTimer::timeout, this, &DocumentLayout::work_in_quiet);
     connect(&m_announcing, &QTimer::timeout, this, &DocumentLayout::announce_size);
 }
 
@@ -104,17 +108,30 @@ void DocumentLayout::measure(int index, const QTextBlock &block) const
         m_announcing.start();
 }
 
-void DocumentLayout::measure_between(qreal top, qreal bottom)
+void DocumentLayout::prepare_between(qreal top, qreal bottom)
 {
     if (!is_current())
         return;
-    int index = m_heights.at(to_units(top) - m_page.top - m_overhang);
-    QTextBlock block = document()->findBlockByNumber(index);
-    for (; block.isValid(); block = block.next(), ++index) {
+    m_first_seen = m_heights.at(to_units(top) - m_page.top - m_overhang);
+    m_last_seen = m_first_seen;
+    QTextBlock block = document()->findBlockByNumber(m_first_seen);
+    for (int index = m_first_seen; block.isValid(); block = block.next(), ++index) {
+        block.layout()->setCacheEnabled(true); // of what is drawn again and again
         measure(index, block);
+        note_cached(index, true);
+        m_last_seen = index;
         if (top_of(index + 1) >= to_units(bottom) + m_overhang)
             break;
     }
+}
+
+void DocumentLayout::note_cached(int index, bool cached)
+{
+    ParagraphExtent extent = m_heights.extent(index);
+    if (extent.is_cached == cached)
+        return;
+    extent.is_cached = cached;
+    m_heights.set_extent(index, extent);
 }
 
 qreal DocumentLayout::first_measured_top(qreal top, qreal bottom) const
@@ -129,26 +146,53 @@ qreal DocumentLayout::first_measured_top(qreal top, qreal bottom) const
 
 void DocumentLayout::put_off_measuring()
 {
-    if (m_heights.unmeasured_count() > 0)
+    if (m_heights.unmeasured_count() > 0 || m_heights.cached_count() > k_many_cached)
         m_measuring.start(k_quiet);
 }
 
-void DocumentLayout::measure_slice()
+void DocumentLayout::work_in_quiet()
 {
     if (!is_current() || !document()->isLayoutEnabled())
         return;
-    QElapsedTimer time;
-    time.start();
+    const QDeadlineTimer end(k_slice);
+    if (!forget_glyphs(end) || !measure_everything(end))
+        m_measuring.start(0ms);
+}
+
+/// Glyphs take several times as much memory as lines. False if time is over before.
+bool DocumentLayout::forget_glyphs(const QDeadlineTimer &end)
+{
+    const int kept = m_last_seen - m_first_seen + 1; // before and behind them, too
+    int index = m_heights.next_cached(0);
+    while (index >= 0 && m_heights.cached_count() > 3 * kept) {
+        if (index >= m_first_seen - kept && index <= m_last_seen + kept) {
+            index = m_heights.next_cached(m_last_seen + kept + 1);
+            continue;
+        }
+        const QTextBlock block = document()->findBlockByNumber(index);
+        block.layout()->setCacheEnabled(false);
+        if (block.layout()->lineCount() > 0)
+            lay_out(block); // lets go of them at its end
+        note_cached(index, false);
+        index = m_heights.next_cached(index + 1);
+        if (end.hasExpired())
+            return false;
+    }
+    return true;
+}
+
+/// False if time is over before.
+bool DocumentLayout::measure_everything(const QDeadlineTimer &end)
+{
     int index = m_heights.next_unmeasured(0);
     QTextBlock block = document()->findBlockByNumber(index);
-    while (index >= 0 && time.nsecsElapsed() < k_slice_nanoseconds) {
+    while (index >= 0 && !end.hasExpired()) {
         measure(index, block);
         const int next = m_heights.next_unmeasured(index + 1);
         block = next == index + 1 ? block.next() : document()->findBlockByNumber(next);
         index = next;
     }
-    if (index >= 0)
-        m_measuring.start(0ms);
+    return index < 0;
 }
 
 void DocumentLayout::announce_size()
@@ -178,8 +222,9 @@ void DocumentLayout::estimate_everything(bool is_same_text)
 {
     drop_lines();
     m_overhang = 0;
-    m_estimate = HeightEstimate(document(), m_page);
-    const double growth = is_same_text && is_current() ? m_estimate.growth(m_heights) : 0;
+    const bool are_known = is_same_text && is_current();
+    m_estimate = HeightEstimate(document(), m_page, are_known ? k_small_sample : k_sample);
+    const double growth = are_known ? m_estimate.growth(m_heights) : 0;
     if (growth > 0)
         m_heights.estimate_from_present(growth);
     else
@@ -191,10 +236,14 @@ void DocumentLayout::estimate_everything(bool is_same_text)
 /// QTextCursor would go on using lines that are no longer right.
 void DocumentLayout::drop_lines()
 {
-    if (!m_has_stray_lines && m_heights.with_lines_count() == 0)
-        return;
-    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
-        block.layout()->clearLayout();
+    const bool are_few = is_current() && m_heights.with_lines_count() < m_heights.count() / k_few_of;
+    if (m_has_stray_lines || !are_few) {
+        for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
+            block.layout()->clearLayout();
+    } else {
+        for (int i = m_heights.next_with_lines(0); i >= 0; i = m_heights.next_with_lines(i + 1))
+            document()->findBlockByNumber(i).layout()->clearLayout();
+    }
     m_has_stray_lines = false;
 }
 

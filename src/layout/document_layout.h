@@ -13,6 +13,10 @@
 
 #include <chrono>
 
+QT_BEGIN_NAMESPACE
+class QDeadlineTimer;
+QT_END_NAMESPACE
+
 namespace my_classes {
 
 /// A document layout whose work does not grow with the text: only paragraphs that are seen or asked for get lines, the
@@ -35,9 +39,8 @@ public:
     QRectF frameBoundingRect(QTextFrame *frame) const override;
     QRectF blockBoundingRect(const QTextBlock &block) const override;
 
-    /// Makes the heights between two heights of the document exact. What is at `fixed` or below it is held to be what
-    /// the person sees: see corrected().
-    void measure_between(qreal top, qreal bottom);
+    /// Makes what lies between two heights of the document ready to be seen, and their distance exact.
+    void prepare_between(qreal top, qreal bottom);
     /// Where the first measured paragraph between two heights starts; `top` if there is none.
     qreal first_measured_top(qreal top, qreal bottom) const;
     /// Not called while the person does something: every call puts off the measuring of what is not seen.
@@ -71,7 +74,10 @@ private:
     bool update_paragraphs(int from, int added);
     void lay_out_now(int first, int count);
     void refresh_gap(int index);
-    void measure_slice();
+    void work_in_quiet();
+    void note_cached(int index, bool cached);
+    bool forget_glyphs(const QDeadlineTimer &end);
+    bool measure_everything(const QDeadlineTimer &end);
 
     QTextDocument m_picture_source; // has Qt's handler of pictures
     // Heights become exact in calls that ask for something.
@@ -83,6 +89,8 @@ private:
     HeightEstimate m_estimate;
     QSizeF m_announced_size;
     QTimer m_measuring;
+    int m_first_seen = 0; // the paragraphs that were prepared last
+    int m_last_seen = 0;
     int m_cursor_width = 1;
     bool m_is_changing = false;
 };

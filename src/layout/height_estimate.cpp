@@ -13,7 +13,6 @@
 namespace my_classes {
 
 namespace {
-constexpr int k_sample = 24;                // paragraphs
 constexpr int k_longest_of_sample = 10'000; // characters
 
 /// As most heights are: what follows does not move by parts of a pixel when they become known.
@@ -24,7 +23,7 @@ qint32 whole_pixels(Units units)
 
 } // namespace
 
-HeightEstimate::HeightEstimate(const QTextDocument *document, const Page &page)
+HeightEstimate::HeightEstimate(const QTextDocument *document, const Page &page, int sample)
 {
     const QFontMetricsF metrics(page.font);
     m_paragraphs = 1;
@@ -36,7 +35,7 @@ HeightEstimate::HeightEstimate(const QTextDocument *document, const Page &page)
     if (!document->isLayoutEnabled())
         return;
     const int count = document->blockCount();
-    const int step = std::max(1, count / k_sample);
+    const int step = std::max(1, count / sample);
     for (int i = step / 2; i < count; i += step) {
         const QTextBlock block = document->findBlockByNumber(i);
         if (!block.isVisible() || block.length() > k_longest_of_sample)

@@ -15,8 +15,8 @@ class HeightEstimate
 {
 public:
     HeightEstimate() = default;
-    /// Lays out a sample of the document's paragraphs.
-    HeightEstimate(const QTextDocument *document, const Page &page);
+    /// Lays out about `sample` paragraphs from all over the document.
+    HeightEstimate(const QTextDocument *document, const Page &page, int sample);
 
     ParagraphExtent of(const QTextBlock &block) const;
     /// How many times as high as `known` the lines of the same paragraphs are now; 0 if that cannot be told.

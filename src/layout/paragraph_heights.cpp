@@ -11,6 +11,7 @@ ParagraphHeights::Sum::Sum(const ParagraphExtent &extent)
     : height(extent.height)
     , unmeasured(extent.is_measured ? 0 : 1)
     , with_lines(extent.has_lines ? 1 : 0)
+    , cached(extent.is_cached ? 1 : 0)
     , widest(extent.width)
 {
 }
@@ -21,6 +22,7 @@ ParagraphHeights::Sum ParagraphHeights::Sum::operator+(const Sum &other) const
     sum.height += other.height;
     sum.unmeasured += other.unmeasured;
     sum.with_lines += other.with_lines;
+    sum.cached += other.cached;
     sum.widest = std::max(widest, other.widest);
     return sum;
 }
@@ -39,6 +41,11 @@ int ParagraphHeights::next_unmeasured(int index) const
 int ParagraphHeights::next_with_lines(int index) const
 {
     return m_tree.find(index, [](const Sum &sum) { return sum.with_lines > 0; });
+}
+
+int ParagraphHeights::next_cached(int index) const
+{
+    return m_tree.find(index, [](const Sum &sum) { return sum.cached > 0; });
 }
 
 void ParagraphHeights::replace(int first, int removed, const std::vector<ParagraphExtent> &added)

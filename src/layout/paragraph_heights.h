@@ -32,7 +32,8 @@ struct ParagraphExtent
     qint32 gap = 0;           // units
     qint32 width = 0;         // units, with the side margins
     bool is_measured = false; // otherwise an estimate
-    bool has_lines = false;   // it may have: not if a change of formats has dropped them
+    bool has_lines = false;   // its layout may: not if a change of formats has dropped them
+    bool is_cached = false;   // whether its layout keeps the glyphs, not the lines alone
 };
 
 /// The extents of all paragraphs, in order.
@@ -42,6 +43,7 @@ public:
     int count() const { return m_tree.count(); }
     int unmeasured_count() const { return m_tree.total().unmeasured; }
     int with_lines_count() const { return m_tree.total().with_lines; }
+    int cached_count() const { return m_tree.total().cached; }
     /// Of all paragraphs together.
     Units total() const { return m_tree.total().height; }
     /// The largest one.
@@ -58,6 +60,8 @@ public:
     int next_unmeasured(int index) const;
     /// Likewise the first one that may have lines.
     int next_with_lines(int index) const;
+    /// Likewise the first one whose glyphs are kept.
+    int next_cached(int index) const;
     void replace(int first, int removed, const std::vector<ParagraphExtent> &added);
     /// Makes estimates of all heights: `factor` times as high in whole pixels, and without lines.
     void estimate_from_present(double factor);
@@ -72,6 +76,7 @@ private:
         Units height = 0;
         int unmeasured = 0;
         int with_lines = 0;
+        int cached = 0;
         qint32 widest = 0;
     };
 

@@ -165,6 +165,7 @@ ParagraphExtent lay_out_lines(const QTextBlock &block, const Page &page)
     extent.width = static_cast<qint32>(width);
     extent.is_measured = true;
     extent.has_lines = true;
+    extent.is_cached = layout->cacheEnabled();
     return extent;
 }
 

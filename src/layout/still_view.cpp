@@ -117,10 +117,10 @@ void StillView::measure_visible()
     const int value = bar->value();
     const qreal fixed = is_at_end ? value + height : m_layout->first_measured_top(value, value + height);
     m_fixed = to_units(fixed);
-    m_layout->measure_between(value, value + height);
+    m_layout->prepare_between(value, value + height);
     m_fixed = -1;
     if (bar->value() != value) // the window has moved over others
-        m_layout->measure_between(bar->value(), bar->value() + height);
+        m_layout->prepare_between(bar->value(), bar->value() + height);
 }
 
 /// Moves the window along with what it shows.
