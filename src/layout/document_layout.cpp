@@ -28,6 +28,13 @@ constexpr qreal k_endless = 1'000'000'000; // pixels
 constexpr auto k_quiet = 250ms;            // before what is not seen is measured
 constexpr auto k_slice = 1500us;           // a longer one is felt between two keys
 
+/// Of what is drawn again and again; but for those of soft hyphens, which Qt makes visible where a line ends at them
+/// and forgets about when it shapes the text again.
+void keep_glyphs(const QTextBlock &block)
+{
+    block.layout()->setCacheEnabled(!block.text().contains(QChar(QChar::SoftHyphen)));
+}
+
 } // namespace
 
 DocumentLayout::DocumentLayout(QTextDocument *document)
@@ -89,8 +96,10 @@ ParagraphExtent DocumentLayout::lay_out(const QTextBlock &block) const
     extent.is_measured = true;
     if (!block.isVisible())
         return extent;
+    if (block.layout()->cacheEnabled())
+        keep_glyphs(block); // if it still may
     extent = lay_out_lines(block, m_page);
-    m_overhang = std::max(m_overhang, overhang(block, extent));
+    m_overhang = std::max(m_overhang, overhang(block, extent.height - extent.gap));
     return extent;
 }
 
@@ -116,9 +125,10 @@ void DocumentLayout::prepare_between(qreal top, qreal bottom)
     m_last_seen = m_first_seen;
     QTextBlock block = document()->findBlockByNumber(m_first_seen);
     for (int index = m_first_seen; block.isValid(); block = block.next(), ++index) {
-        block.layout()->setCacheEnabled(true); // of what is drawn again and again
+        if (!m_heights.extent(index).is_cached)
+            keep_glyphs(block);
         measure(index, block);
-        note_cached(index, true);
+        note_cached(index, block.layout()->cacheEnabled());
         m_last_seen = index;
         if (top_of(index + 1) >= to_units(bottom) + m_overhang)
             break;

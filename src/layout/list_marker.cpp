@@ -76,13 +76,14 @@ void paint_bullet(QPainter *painter, const QRectF &area, QTextListFormat::Style 
     }
 }
 
-/// Whether the item is selected from its start on.
-bool is_start_selected(const QTextBlock &item, const PaintContext &context)
+/// What a selection that reaches the item from further up makes of it; nothing where none does.
+QTextCharFormat selected_format(const QTextBlock &item, const PaintContext &context)
 {
-    return std::any_of(context.selections.cbegin(), context.selections.cend(), [&](const auto &selection) {
-        return selection.cursor.selectionStart() <= item.position() &&
-               selection.cursor.selectionEnd() > item.position();
+    const auto &all = context.selections;
+    const auto selection = std::find_if(all.crbegin(), all.crend(), [&item](const auto &one) {
+        return one.cursor.selectionStart() < item.position() && one.cursor.selectionEnd() > item.position();
     });
+    return selection == all.crend() ? QTextCharFormat() : selection->format;
 }
 
 } // namespace
@@ -107,29 +108,27 @@ void paint_list_marker(QPainter *painter, const PaintContext &context, const QTe
     const int bullet = metrics.lineSpacing() / 3;
     const QSizeF size = is_number ? QSizeF(metrics.horizontalAdvance(text), metrics.height()) : QSizeF(bullet, bullet);
 
-    const QRectF line = layout->lineAt(0).naturalTextRect().translated(layout->position().toPoint());
+    const QRectF line = layout->lineAt(0).naturalTextRect();
     const qreal space = metrics.horizontalAdvance(u' ');
     const bool is_reversed = item.textDirection() == Qt::RightToLeft;
-    const QPoint start = line.topLeft().toPoint();
+    const QPoint start = layout->position().toPoint() + line.topLeft().toPoint();
     const qreal x = start.x() + (is_reversed ? line.width() + space : -space - size.width());
     const int middle = start.y() + metrics.height() / 2;
     const QRectF area(QPointF(x, middle - size.height() / 2), size);
 
-    QBrush brush = context.palette.brush(QPalette::Text);
-    if (format.foreground().style() != Qt::NoBrush)
-        brush = format.foreground();
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    if (is_start_selected(item, context)) {
-        painter->fillRect(area, context.palette.brush(QPalette::Highlight));
-        if (is_number)
-            brush = context.palette.brush(QPalette::HighlightedText);
-    }
-    painter->setPen(QPen(brush, 0));
-    if (is_number)
+    const QTextCharFormat selected = selected_format(item, context);
+    painter->fillRect(area, selected.background());
+    const QBrush brush = context.palette.brush(QPalette::Text);
+    if (is_number) {
+        QTextCharFormat shown = format;
+        shown.merge(selected);
+        painter->setPen(QPen(shown.foreground().style() == Qt::NoBrush ? brush : shown.foreground(), 0));
         paint_text(painter, QPointF(area.left(), start.y()), text, font, item.textDirection(), device);
-    else
+    } else {
         paint_bullet(painter, area, style, brush);
+    }
     painter->restore();
 }
 

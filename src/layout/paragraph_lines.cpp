@@ -169,14 +169,14 @@ ParagraphExtent lay_out_lines(const QTextBlock &block, const Page &page)
     return extent;
 }
 
-Units overhang(const QTextBlock &block, const ParagraphExtent &extent)
+Units overhang(const QTextBlock &block, Units height)
 {
     const QTextLayout *layout = block.layout();
     Units most = 0;
     for (int i = 0; i < layout->lineCount(); ++i) {
         const QTextLine line = layout->lineAt(i);
         const Units top = to_units(line.y());
-        most = std::max({most, -top, top + to_units(line.height()) - (extent.height - extent.gap)});
+        most = std::max({most, -top, top + to_units(line.height()) - height});
     }
     return most;
 }

@@ -41,8 +41,9 @@ struct Page
 /// Makes the paragraph's lines anew and tells their extent. Relative to the paragraph's place, which is not set.
 ParagraphExtent lay_out_lines(const QTextBlock &block, const Page &page);
 
-/// How far lines stand out above or below their paragraph, as with a fixed line height smaller than the font's.
-Units overhang(const QTextBlock &block, const ParagraphExtent &extent);
+/// How far lines stand out above or below their paragraph, which is so high, as with a fixed line height smaller than
+/// the font's.
+Units overhang(const QTextBlock &block, Units height);
 
 /// Between the paragraph and the one before.
 Units gap_above(const QTextBlock &block, const Page &page);

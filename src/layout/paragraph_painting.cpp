@@ -47,10 +47,16 @@ QList<FormatRange> selected_ranges(const QTextBlock &block, const PaintContext &
     return ranges;
 }
 
+bool is_rule(const QTextBlockFormat &format)
+{
+    return format.hasProperty(QTextFormat::BlockTrailingHorizontalRulerWidth);
+}
+
 void paint_background(QPainter *painter, const QTextBlock &block, const QRectF &rectangle)
 {
-    const QBrush brush = block.blockFormat().background();
-    if (brush.style() == Qt::NoBrush)
+    const QTextBlockFormat format = block.blockFormat();
+    const QBrush brush = format.background();
+    if (brush.style() == Qt::NoBrush || is_rule(format)) // that of a rule is the colour of its line
         return;
     QRectF area = rectangle;
     if (block.document()->pageSize().width() <= 0)
@@ -72,7 +78,7 @@ void paint_background(QPainter *painter, const QTextBlock &block, const QRectF &
 void paint_rule(QPainter *painter, const PaintContext &context, const QTextBlock &block, const QRectF &rectangle)
 {
     const QTextBlockFormat format = block.blockFormat();
-    if (!format.hasProperty(QTextFormat::BlockTrailingHorizontalRulerWidth))
+    if (!is_rule(format))
         return;
     const qreal width = format.lengthProperty(QTextFormat::BlockTrailingHorizontalRulerWidth).value(rectangle.width());
     const qreal y = block.length() == 1 ? rectangle.center().y() : rectangle.bottom();
@@ -84,18 +90,38 @@ void paint_rule(QPainter *painter, const PaintContext &context, const QTextBlock
     painter->restore();
 }
 
-void paint_cursor(QPainter *painter, const PaintContext &context, const QTextBlock &block, int width)
+/// In the paragraph; -1 if it is in another one.
+int cursor_position(const PaintContext &context, const QTextBlock &block)
 {
     const QTextLayout *layout = block.layout();
-    int position = context.cursorPosition - block.position();
-    if (context.cursorPosition < -1) { // that far into what is being composed
-        if (layout->preeditAreaText().isEmpty())
-            return;
-        position = layout->preeditAreaPosition() - (context.cursorPosition + 2);
-    } else if (position < 0 || position >= block.length()) {
-        return;
-    }
-    layout->drawCursor(painter, QPointF(0, 0), position, width);
+    const int position = context.cursorPosition - block.position();
+    if (context.cursorPosition < -1) // that far into what is being composed
+        return layout->preeditAreaText().isEmpty() ? -1 : layout->preeditAreaPosition() - (context.cursorPosition + 2);
+    return position < block.length() ? std::max(-1, position) : -1;
+}
+
+void paint_text(QPainter *painter, const PaintContext &context, const QTextBlock &block, const QRectF &clip,
+                int cursor_width)
+{
+    QTextLayout *layout = block.layout();
+    const int cursor = cursor_position(context, block);
+    // Where a line starts, the cursor is as high as the last letter of the line before, if Qt still has its glyphs.
+    const bool has_glyphs = layout->cacheEnabled();
+    if (cursor > 0 && layout->lineForTextPosition(cursor).textStart() == cursor)
+        layout->setCacheEnabled(false);
+    layout->draw(painter, QPointF(0, 0), selected_ranges(block, context), clip);
+    if (cursor >= 0)
+        layout->drawCursor(painter, QPointF(0, 0), cursor, cursor_width);
+    layout->setCacheEnabled(has_glyphs);
+}
+
+bool reaches(const QTextBlock &block, const QRectF &rectangle, const QRectF &clip)
+{
+    const auto is_inside = [&clip](qreal top, qreal bottom) { return bottom >= clip.top() && top <= clip.bottom(); };
+    if (is_inside(rectangle.top(), rectangle.bottom()))
+        return true;
+    const qreal outside = to_pixels(overhang(block, to_units(rectangle.height())));
+    return outside > 0 && is_inside(rectangle.top() - outside, rectangle.bottom() + outside);
 }
 
 } // namespace
@@ -108,8 +134,7 @@ void paint_paragraph(QPainter *painter, const PaintContext &context, const QText
     if (block.textList())
         paint_list_marker(painter, context, block);
     painter->setPen(context.palette.color(QPalette::Text));
-    block.layout()->draw(painter, QPointF(0, 0), selected_ranges(block, context), clip);
-    paint_cursor(painter, context, block, cursor_width);
+    paint_text(painter, context, block, clip, cursor_width);
     paint_rule(painter, context, block, rectangle);
 }
 
@@ -120,9 +145,12 @@ void DocumentLayout::draw(QPainter *painter, const PaintContext &context)
         estimate_everything(false);
     }
     const bool everything = !context.clip.isValid();
-    QRectF clip = context.clip; // selections over the full width end at the page's margins
-    if (!everything && m_page.wraps())
+    QRectF clip = context.clip; // selections and pictures end at the page's side margins and at its bottom
+    if (!everything && m_page.wraps()) {
+        clip.setLeft(std::max(clip.left(), to_pixels(m_page.left)));
         clip.setRight(std::min(clip.right(), documentSize().width() - to_pixels(m_page.right)));
+        clip.setBottom(std::min(clip.bottom(), documentSize().height()));
+    }
     int index = everything ? 0 : m_heights.at(to_units(context.clip.top()) - m_page.top - m_overhang);
     QTextBlock block = document()->findBlockByNumber(index);
     for (; block.isValid(); block = block.next(), ++index) {
@@ -130,7 +158,9 @@ void DocumentLayout::draw(QPainter *painter, const PaintContext &context)
             break;
         if (!block.isVisible())
             continue;
-        blockBoundingRect(block); // gives it lines and a place
+        const QRectF rectangle = blockBoundingRect(block); // gives it lines and a place
+        if (!everything && !reaches(block, rectangle, context.clip))
+            continue;
         paint_paragraph(painter, context, block, clip, m_cursor_width);
     }
 }
