@@ -96,6 +96,7 @@ try_in_clean_place() {
         echo "The packages leave these files behind." >&2
         exit 1
     fi
+    rm -rf --one-file-system "$clean"
     echo "Installed, the program of the README built and seen ($build/notes.png), removed without a rest."
 }
 
