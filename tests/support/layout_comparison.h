@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QtCore/QDir>
 #include <QtCore/QRandomGenerator>
 #include <QtGui/QAbstractTextDocumentLayout>
 #include <QtGui/QPainter>
@@ -390,8 +391,8 @@ public:
         ++m_checks;
         if (both[0] == both[1])
             return {};
-        both[0].save(QStringLiteral("layout_ours.png"));
-        both[1].save(QStringLiteral("layout_qt.png"));
+        both[0].save(QDir::temp().filePath(QStringLiteral("layout_ours.png")));
+        both[1].save(QDir::temp().filePath(QStringLiteral("layout_qt.png")));
         int y = 0;
         while (std::equal(both[0].constScanLine(y), both[0].constScanLine(y) + both[0].width() * 4,
                           both[1].constScanLine(y)))
