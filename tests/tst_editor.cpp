@@ -418,6 +418,7 @@ void TstEditor::bad_input()
     for (const QString &content : inputs) {
         const QByteArray start = content.left(50).toUtf8();
         CustomTextEditor editor(std::nullopt);
+        editor.text_edit->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
         show_active(editor);
         editor.set_text_content(content);
         editor.grab();
@@ -428,6 +429,7 @@ void TstEditor::bad_input()
         QTest::keyClick(editor.text_edit, Qt::Key_Backspace);
         editor.zoom_in();
         QVERIFY2(!editor.get_html_content().isEmpty(), start);
+        QCOMPARE(editor.text_edit->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOn);
     }
     QVERIFY(!server.waitForNewConnection(50)); // nothing is ever fetched
 }

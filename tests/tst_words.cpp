@@ -163,6 +163,7 @@ void TstWords::languages_have_names()
 
 void TstWords::language_changes_whole_or_not_at_all()
 {
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, CustomTab({}, {}, u"tlh"_s)); // without a leak
     CustomTab tab({}, {}, u"en_US"_s);
     CustomTextEditor &editor = *tab.editor;
     editor.text_edit->setPlainText(u"perro teh"_s);
