@@ -32,7 +32,6 @@ private Q_SLOTS:
     void find_and_reopen();
     void other_close_question();
     void margins_and_autosave();
-    void marking();
     void find_bar();
     void editor_in_dialog();
     void languages();
@@ -41,17 +40,14 @@ private Q_SLOTS:
 void TstRecipes::suggestions_in_context_menu()
 {
     CustomTextEditor editor(std::nullopt);
-    editor.set_text_content(u"A Drak night"_s);
+    recipes::mark_while_writing(&editor);
     editor.show();
-    QTextCursor cursor = editor.text_edit->textCursor();
-    cursor.setPosition(4);
-    const QPoint point = editor.text_edit->cursorRect(cursor).center();
+    QTest::keyClicks(editor.text_edit, u"A Drak night"_s);
+    QTRY_VERIFY(!editor.text_edit->document()->firstBlock().layout()->formats().isEmpty());
+    test_support::select(editor.text_edit, 4);
+    const QPoint point = editor.text_edit->cursorRect().center();
     const std::unique_ptr<QMenu> menu(recipes::context_menu(&editor, point));
-    QAction *dark = nullptr;
-    for (QAction *action : menu->actions())
-        dark = action->text() == u"Dark"_s ? action : dark;
-    QVERIFY(dark);
-    dark->trigger();
+    test_support::with_text<QAction>(*menu, u"Dark"_s)->trigger();
     QCOMPARE(editor.get_text_content(), u"A Dark night"_s);
 
     recipes::use_context_menu(&editor);
@@ -147,15 +143,6 @@ void TstRecipes::margins_and_autosave()
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
     QVERIFY(file.readAll().contains("Draft"));
-}
-
-void TstRecipes::marking()
-{
-    CustomTextEditor editor(std::nullopt);
-    recipes::mark_while_writing(&editor);
-    editor.show();
-    QTest::keyClicks(editor.text_edit, u"A drak night "_s);
-    QTRY_VERIFY(!editor.text_edit->document()->firstBlock().layout()->formats().isEmpty());
 }
 
 void TstRecipes::find_bar()
