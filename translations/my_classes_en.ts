@@ -77,7 +77,7 @@
     </message>
     <message>
         <source>redo</source>
-        <translation>redo</translation>
+        <translation>Redo</translation>
     </message>
     <message>
         <source>Select All</source>

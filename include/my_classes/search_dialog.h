@@ -84,9 +84,9 @@ public:
 
     /// Replaces the text area's selection, whatever selected it, and searches from the top. Does nothing without one.
     void replace();
-    /// Replaces every literal, case-sensitive occurrence, as one undo step, and says how many there were. The search
-    /// position grows by one search-text length per replacement, so that replacements that contain the search text are
-    /// found again; the person can stop it. An empty search text does nothing.
+    /// Replaces literal, case-sensitive occurrences, as one undo step, and says how many. The search position grows by
+    /// one search-text length per replacement: what is longer and contains the search text is found again until the
+    /// person stops it, behind what is shorter some are passed over. An empty search text does nothing.
     void replace_all();
     /// Removes the selection; the caret stays.
     void clear_selection();
