@@ -198,7 +198,7 @@ void TstMarking::marking_follows_language_lists_and_check()
 void TstMarking::marking_survives_other_documents_and_the_end()
 {
     auto editor = marking_editor();
-    QTest::keyClicks(editor->text_edit, u"teh wrod "_s);
+    QTest::keyClicks(editor->text_edit, u"teh wrod"_s); // a word being typed
     auto *other = new QTextDocument(u"dno't go"_s, editor->text_edit);
     editor->text_edit->setDocument(other);
     QTRY_COMPARE(underlines(*editor), u"^~~~~"_s);

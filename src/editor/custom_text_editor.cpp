@@ -111,8 +111,10 @@ void CustomTextEditor::create_text_area(QBoxLayout *column)
     const auto follow = [this] {
         const QPointer<CustomTextEditor> here(this);
         follow_lost_selection();
-        if (here)
-            update_format_buttons();
+        if (!here)
+            return;
+        update_format_buttons();
+        update_table_commands();
     };
     connect(text_edit, &QTextEdit::textChanged, this, follow, Qt::QueuedConnection);
     column->addWidget(text_edit);

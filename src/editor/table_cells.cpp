@@ -33,10 +33,8 @@ void dress_like(QTextTableCell cell, const QTextTableCell &model)
     QTextTableCellFormat format = model.format().toTableCellFormat();
     format.setTableCellRowSpan(cell.rowSpan());
     format.setTableCellColumnSpan(cell.columnSpan());
-    cell.setFormat(format);
-    QTextCursor inside = cell.firstCursorPosition();
-    inside.setBlockFormat(model.firstCursorPosition().blockFormat());
-    inside.setBlockCharFormat(model.firstCursorPosition().blockCharFormat());
+    cell.setFormat(format); // that of characters in its first paragraph, too
+    cell.firstCursorPosition().setBlockFormat(model.firstCursorPosition().blockFormat());
 }
 
 /// The first cell that starts at `from` or behind it, counted row by row, or before it; an invalid one if none does.

@@ -47,6 +47,15 @@ TextArea::TextArea(CustomTextEditor *editor)
     // scroll to, and a second scroll bar makes every repaint dearer.
     connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this,
             [this](int, int maximum) { hide_overshoot(maximum); });
+    connect(this, &QTextEdit::selectionChanged, this, &TextArea::tell_of_caret);
+}
+
+/// Selecting all moves the caret, too, of which Qt does not tell.
+void TextArea::tell_of_caret()
+{
+    const QTextCursor cursor = textCursor();
+    if (cursor.anchor() == 0 && cursor.position() == document()->characterCount() - 1)
+        Q_EMIT cursorPositionChanged();
 }
 
 /// Leaves a policy of the host's alone.

@@ -39,6 +39,7 @@ protected:
 private:
     bool move_by_tab(int step);
     void hide_overshoot(int maximum);
+    void tell_of_caret();
     void fill_background();
     void fill_background_after(const QEvent *event);
     QString local_path(const QUrl &name) const;

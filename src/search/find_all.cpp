@@ -41,15 +41,14 @@ QList<int> find_and_mark(QTextDocument *document, const QString &wanted)
 {
     QTextCursor marker(document);
     const int end = document->characterCount() - 1;
-    // What lies between two matches is not one range where there are tables. Elsewhere nothing is changed twice: where
-    // Qt undoes two changes of one place in one step, it warns of a position out of range.
+    // What lies between two matches is not one range where there are tables. Elsewhere nothing is changed twice.
     const bool has_frames = !document->rootFrame()->childFrames().isEmpty();
+    marker.beginEditBlock(); // searching outside would lay the text out on its way
     if (has_frames)
         set_background(marker, 0, end, Qt::transparent);
 
     QList<int> found;
     int done = 0;
-    marker.beginEditBlock(); // searching outside would lay the text out on its way
     for (QTextCursor cursor(document); !cursor.isNull() && !cursor.atEnd();) {
         cursor = document->find(wanted, cursor);
         if (cursor.isNull())
@@ -63,6 +62,8 @@ QList<int> find_and_mark(QTextDocument *document, const QString &wanted)
     }
     if (!has_frames)
         set_background(marker, done, end, Qt::transparent);
+    else // redoing two changes of one place Qt would want the caret behind the second
+        marker.mergeBlockFormat({});
     marker.endEditBlock();
     return found;
 }

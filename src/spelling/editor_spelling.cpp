@@ -106,7 +106,12 @@ void CustomTextEditor::show_first_misspelled(const QSet<QString> &misspelled)
         if (!here || !enable_word_actions(this, false, false))
             return;
     }
-    if (had_selection)
+    update_format_buttons();
+    if (here)
+        update_font_combos();
+    if (here)
+        update_table_commands();
+    if (here && had_selection)
         selection_changed();
 }
 

@@ -164,6 +164,8 @@ void WordMarker::stop_typing()
     if (!m_is_typing)
         return;
     m_is_typing = false;
+    if (!document()) // it has been replaced by another
+        return;
     const int paragraph = document()->findBlock(m_caret).blockNumber();
     if (paragraph < 0 || paragraph >= m_paragraphs.count())
         return;
