@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "answers.h"
-#include "desktop.h"
 
 #include "autosave.h"
 #include "document_file.h"
@@ -13,6 +12,7 @@
 #include "section_tabs.h"
 #include "window.h"
 
+#include "support/desktop.h"
 #include "support/http_server.h"
 
 #include <QtCore/QRandomGenerator>

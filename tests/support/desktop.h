@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "support/test_support.h"
+#include "test_support.h"
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QProcess>
@@ -15,7 +15,11 @@
 class Desktop
 {
 public:
-    bool start()
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment(); ///< Of what is run.
+
+    bool start() { return start_server() && start_manager(); }
+
+    bool start_server()
     {
         m_server.start(QStringLiteral("Xvfb"),
                        {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
@@ -23,11 +27,16 @@ public:
         if (!QTest::qWaitFor([this] { return m_server.canReadLine(); }, 30000))
             return false;
         for (const char *variable : {"QT_QPA_PLATFORM", "DBUS_SESSION_BUS_ADDRESS", "WAYLAND_DISPLAY", "XAUTHORITY"})
-            m_environment.remove(QString::fromLatin1(variable));
-        m_environment.insert(QStringLiteral("DISPLAY"), u':' + QString::fromLatin1(m_server.readLine()).trimmed());
-        m_environment.insert(QStringLiteral("LANG"), QStringLiteral("en_US.UTF-8"));
-        m_environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_runtime.path());
-        m_manager.setProcessEnvironment(m_environment);
+            environment.remove(QString::fromLatin1(variable));
+        environment.insert(QStringLiteral("DISPLAY"), u':' + QString::fromLatin1(m_server.readLine()).trimmed());
+        environment.insert(QStringLiteral("LANG"), QStringLiteral("en_US.UTF-8"));
+        environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_runtime.path());
+        return true;
+    }
+
+    bool start_manager()
+    {
+        m_manager.setProcessEnvironment(environment);
         m_manager.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
         // It is there when it tells of desktops.
         return QTest::qWaitFor([this] { return !tool({QStringLiteral("get_num_desktops")}).isEmpty(); }, 30000);
@@ -44,7 +53,7 @@ public:
     std::unique_ptr<QProcess> run(const QString &program, const QStringList &arguments = {}) const
     {
         auto process = std::make_unique<QProcess>();
-        process->setProcessEnvironment(m_environment);
+        process->setProcessEnvironment(environment);
         process->start(program, arguments);
         return process;
     }
@@ -89,9 +98,9 @@ public:
     /// Keeps a picture of the screen in the directory of build artefacts.
     void shot(const QString &name) const
     {
-        QDir().mkpath(QStringLiteral(DOCUMENT_EDITOR_PICTURES));
+        QDir().mkpath(QStringLiteral(MY_CLASSES_PICTURES));
         run(QStringLiteral("import"), {QStringLiteral("-window"), QStringLiteral("root"),
-                                       QStringLiteral(DOCUMENT_EDITOR_PICTURES "/") + name + QStringLiteral(".png")})
+                                       QStringLiteral(MY_CLASSES_PICTURES "/") + name + QStringLiteral(".png")})
             ->waitForFinished();
     }
 
@@ -99,5 +108,4 @@ private:
     QTemporaryDir m_runtime;
     QProcess m_server;
     QProcess m_manager;
-    QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
 };
