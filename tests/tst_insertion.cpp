@@ -105,6 +105,7 @@ private Q_SLOTS:
     void init() { test_support::fail_on_warnings(); }
     void lists();
     void tables();
+    void tables_on_dark_paper();
     void pictures();
     void a_large_photograph();
     void dialogs_are_left();
@@ -181,6 +182,24 @@ void TstInsertion::tables()
                 html.arg(QString(u"<tr>"_s + cell.repeated(cells.width()) + u"</tr>"_s).repeated(cells.height())));
         QCOMPARE(editor.get_html_content(), expected.get_html_content());
         QVERIFY(editor.has_undone(before, cells.isValid()));
+    }
+}
+
+/// Whatever the colours, a table without text is seen: its lines are black in the document.
+void TstInsertion::tables_on_dark_paper()
+{
+    for (const QColor &paper : {QColor(0x20, 0x20, 0x20), QColor(Qt::white)}) {
+        my_classes::CustomTextEditor editor({});
+        QPalette palette(paper);
+        palette.setColor(QPalette::Text, paper.lightness() < 128 ? Qt::white : Qt::black);
+        editor.setPalette(palette);
+        editor.resize(600, 500);
+        editor.insert_table_of_size(2, 2);
+        const QImage seen = editor.text_edit->viewport()->grab().toImage();
+        int lines = 0;
+        for (int y = 0; y < seen.height(); ++y)
+            lines += qAbs(qGray(seen.pixel(20, y)) - qGray(paper.rgb())) > 100;
+        QVERIFY2(lines >= 3, qPrintable(QString::number(lines)));
     }
 }
 

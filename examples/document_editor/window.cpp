@@ -20,6 +20,7 @@
 #include <QtGui/QCloseEvent>
 #include <QtGui/QDropEvent>
 #include <QtGui/QImageReader>
+#include <QtGui/QScreen>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QStatusBar>
@@ -88,7 +89,7 @@ Window::Window(std::unique_ptr<RecoveryFile> recovery)
     });
     set_path({});
     if (!restoreGeometry(QSettings().value(k_geometry_key).toByteArray()))
-        resize(k_first_size);
+        resize(k_first_size.boundedTo(screen()->availableSize()));
 }
 
 Window::~Window()

@@ -6,6 +6,7 @@
 #include "editor/list_levels.h"
 #include "editor/pasted_pictures.h"
 #include "editor/table_cells.h"
+#include "editor/table_lines.h"
 #include "layout/still_view.h"
 
 #include <my_classes/custom_text_editor.h>
@@ -172,6 +173,12 @@ void TextArea::keyPressEvent(QKeyEvent *event)
         return;
     }
     QTextEdit::keyPressEvent(event);
+}
+
+void TextArea::paintEvent(QPaintEvent *event)
+{
+    QTextEdit::paintEvent(event);
+    draw_readable_table_lines(this);
 }
 
 bool TextArea::move_by_tab(int step)
