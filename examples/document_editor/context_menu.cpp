@@ -5,46 +5,23 @@
 
 #include <my_classes/custom_text_editor.h>
 
-#include <QtGui/QContextMenuEvent>
+#include <QtCore/QCoreApplication>
 #include <QtWidgets/QMenu>
 
-#include <memory>
-
 namespace document_editor {
+
+using my_classes::CustomTextEditor;
 
 namespace {
 
 constexpr int k_most_suggestions = 7;
 
-} // namespace
-
-ContextMenu::ContextMenu(my_classes::CustomTextEditor *editor)
-    : QObject(editor)
-    , m_editor(editor)
+QString tr(const char *text)
 {
-    editor->text_edit->installEventFilter(this);             // the key
-    editor->text_edit->viewport()->installEventFilter(this); // the mouse
+    return QCoreApplication::translate("document_editor::ContextMenu", text);
 }
 
-bool ContextMenu::eventFilter(QObject *watched, QEvent *event)
-{
-    if (event->type() != QEvent::ContextMenu)
-        return QObject::eventFilter(watched, event);
-    const auto *asked = static_cast<QContextMenuEvent *>(event);
-    QTextEdit *text = m_editor->text_edit;
-    const bool by_key = asked->reason() == QContextMenuEvent::Keyboard;
-    const QPoint point = by_key ? text->cursorRect().bottomLeft() : text->viewport()->mapFromGlobal(asked->globalPos());
-    const QTextCursor word = by_key ? m_editor->word_at(text->textCursor()) : m_editor->word_at_point(point);
-
-    QMenu *menu = text->createStandardContextMenu(point);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    if (!m_editor->is_read_only() && word.hasSelection() && m_editor->is_misspelled(word.selectedText()))
-        add_suggestions(menu, word);
-    menu->popup(text->viewport()->mapToGlobal(point));
-    return true;
-}
-
-void ContextMenu::add_suggestions(QMenu *menu, const QTextCursor &word)
+void add_suggestions(QMenu *menu, CustomTextEditor *editor, const QTextCursor &word)
 {
     QAction *before = menu->actions().value(0);
     const auto add = [menu, before](const QString &text) {
@@ -53,23 +30,39 @@ void ContextMenu::add_suggestions(QMenu *menu, const QTextCursor &word)
         return action;
     };
     const QString misspelled = word.selectedText();
-    const QStringList suggestions = m_editor->suggestions_for(misspelled).mid(0, k_most_suggestions);
+    const QStringList suggestions = editor->suggestions_for(misspelled).mid(0, k_most_suggestions);
     for (const QString &suggestion : suggestions) {
         QAction *action = add(suggestion);
         QFont bold = action->font();
         bold.setBold(true);
         action->setFont(bold);
-        connect(action, &QAction::triggered, m_editor,
-                [editor = m_editor, word, suggestion] { editor->replace_word(word, suggestion); });
+        QObject::connect(action, &QAction::triggered, editor, [=] { editor->replace_word(word, suggestion); });
     }
     if (suggestions.isEmpty())
         add(tr("No suggestions"))->setEnabled(false);
     menu->insertSeparator(before);
-    connect(add(tr("&Add to Dictionary")), &QAction::triggered, m_editor,
-            [editor = m_editor, misspelled] { editor->add_to_dictionary(misspelled); });
-    connect(add(tr("&Ignore in This Section")), &QAction::triggered, m_editor,
-            [editor = m_editor, misspelled] { editor->ignore_word(misspelled); });
+    QObject::connect(add(tr("&Add to Dictionary")), &QAction::triggered, editor,
+                     [=] { editor->add_to_dictionary(misspelled); });
+    QObject::connect(add(tr("&Ignore in This Section")), &QAction::triggered, editor,
+                     [=] { editor->ignore_word(misspelled); });
     menu->insertSeparator(before);
+}
+
+} // namespace
+
+void offer_suggestions(CustomTextEditor *editor)
+{
+    QTextEdit *text = editor->text_edit;
+    text->setContextMenuPolicy(Qt::CustomContextMenu);
+    QObject::connect(text, &QWidget::customContextMenuRequested, editor, [editor, text](const QPoint &point) {
+        QMenu *menu = text->createStandardContextMenu(point);
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        const QTextCursor word = editor->word_at_point(point);
+        if (!editor->is_read_only() && word.hasSelection() && editor->is_misspelled(word.selectedText()))
+            add_suggestions(menu, editor, word);
+        const QRect caret = text->cursorRect(); // where the key asks for the menu
+        menu->popup(text->viewport()->mapToGlobal(caret.contains(point) ? caret.bottomLeft() : point));
+    });
 }
 
 } // namespace document_editor

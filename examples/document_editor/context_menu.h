@@ -3,34 +3,13 @@
 
 #pragma once
 
-#include <QtCore/QObject>
-
-QT_BEGIN_NAMESPACE
-class QMenu;
-class QTextCursor;
-QT_END_NAMESPACE
-
 namespace my_classes {
 class CustomTextEditor;
 }
 
 namespace document_editor {
 
-/// The context menu of an editor's text: the usual one, under the suggestions for a misspelled word.
-class ContextMenu : public QObject
-{
-    Q_OBJECT
-
-public:
-    explicit ContextMenu(my_classes::CustomTextEditor *editor);
-
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
-private:
-    void add_suggestions(QMenu *menu, const QTextCursor &word);
-
-    my_classes::CustomTextEditor *m_editor;
-};
+/// From now on the context menu of the editor's text begins with the suggestions for a misspelled word.
+void offer_suggestions(my_classes::CustomTextEditor *editor);
 
 } // namespace document_editor

@@ -5,7 +5,6 @@
 
 #include <my_classes/custom_text_editor.h>
 
-#include <QtCore/QCoreApplication>
 #include <QtGui/QTextBlock>
 #include <QtWidgets/QColorDialog>
 #include <QtWidgets/QComboBox>
@@ -37,19 +36,6 @@ QTextCharFormat heading_letters(int level)
     format.setProperty(QTextFormat::FontSizeAdjustment, level == 0 ? 0 : k_largest_adjustment - level);
     format.setFontWeight(level == 0 ? QFont::Normal : QFont::Bold);
     return format;
-}
-
-template<typename Set>
-void choose_colour(CustomTextEditor *editor, const QBrush &present, const char *title, const Set &set)
-{
-    const QPointer<CustomTextEditor> still_here(editor);
-    const QString caption = QCoreApplication::translate("document_editor::FormatCommands", title);
-    const QColor colour = QColorDialog::getColor(present.color(), editor, caption);
-    if (!colour.isValid() || !still_here || editor->is_read_only())
-        return;
-    QTextCharFormat format;
-    set(format, colour);
-    editor->merge_format_on_selection(format);
 }
 
 } // namespace
@@ -84,18 +70,17 @@ void set_line_spacing(CustomTextEditor *editor, double factor)
     paragraphs(editor).mergeBlockFormat(format);
 }
 
-void choose_text_colour(CustomTextEditor *editor)
+void choose_colour(CustomTextEditor *editor, const QString &title, QBrush (QTextFormat::*present)() const,
+                   void (QTextFormat::*set)(const QBrush &))
 {
-    choose_colour(editor, editor->text_edit->currentCharFormat().foreground(),
-                  QT_TRANSLATE_NOOP("document_editor::FormatCommands", "Text Colour"),
-                  [](QTextCharFormat &format, const QColor &colour) { format.setForeground(colour); });
-}
-
-void choose_background_colour(CustomTextEditor *editor)
-{
-    choose_colour(editor, editor->text_edit->currentCharFormat().background(),
-                  QT_TRANSLATE_NOOP("document_editor::FormatCommands", "Background Colour"),
-                  [](QTextCharFormat &format, const QColor &colour) { format.setBackground(colour); });
+    const QPointer<CustomTextEditor> still_here(editor);
+    const QTextCharFormat before = editor->text_edit->currentCharFormat();
+    const QColor colour = QColorDialog::getColor((before.*present)().color(), editor, title);
+    if (!colour.isValid() || !still_here || editor->is_read_only())
+        return;
+    QTextCharFormat format;
+    (format.*set)(colour);
+    editor->merge_format_on_selection(format);
 }
 
 void reset_zoom(CustomTextEditor *editor)

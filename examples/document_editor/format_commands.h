@@ -3,11 +3,7 @@
 
 #pragma once
 
-#include <QtCore/QtGlobal>
-
-QT_BEGIN_NAMESPACE
-class QWidget;
-QT_END_NAMESPACE
+#include <QtGui/QTextFormat>
 
 namespace my_classes {
 class CustomTextEditor;
@@ -22,9 +18,9 @@ void set_heading(my_classes::CustomTextEditor *editor, int level);
 int heading_level(const my_classes::CustomTextEditor *editor);
 /// Of the paragraphs of the selection; 1 is single.
 void set_line_spacing(my_classes::CustomTextEditor *editor, double factor);
-/// These ask for a colour.
-void choose_text_colour(my_classes::CustomTextEditor *editor);
-void choose_background_colour(my_classes::CustomTextEditor *editor);
+/// Asks for a colour, of the letters or behind them.
+void choose_colour(my_classes::CustomTextEditor *editor, const QString &title, QBrush (QTextFormat::*present)() const,
+                   void (QTextFormat::*set)(const QBrush &));
 void reset_zoom(my_classes::CustomTextEditor *editor);
 /// The tool bar's boxes show the font; from now on they set it, too.
 void connect_font_boxes(my_classes::CustomTextEditor *editor);

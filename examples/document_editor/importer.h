@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "document.h"
+#include "document_file.h"
 
 namespace document_editor {
 

@@ -7,6 +7,7 @@
 #include <my_classes/diagnostic_output.h>
 #include <my_classes/translations.h>
 
+#include <QtCore/QCommandLineParser>
 #include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 
@@ -22,8 +23,15 @@ int main(int argc, char *argv[])
     my_classes::set_diagnostic_output(false);
     my_classes::install_translation(QLocale(QLocale::English)); // as the program's own texts
 
+    QCommandLineParser arguments;
+    arguments.addHelpOption();
+    arguments.addVersionOption();
+    arguments.addPositionalArgument(QStringLiteral("file"), QCoreApplication::translate("main", "Files to open"),
+                                    QStringLiteral("[file...]"));
+    arguments.process(application);
+    const QStringList paths = arguments.positionalArguments();
+
     const bool has_recovered = document_editor::offer_recovery();
-    const QStringList paths = QCoreApplication::arguments().mid(1);
     if (!has_recovered || !paths.isEmpty()) {
         auto *window = new document_editor::Window;
         window->show();

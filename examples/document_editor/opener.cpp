@@ -3,8 +3,6 @@
 
 #include "opener.h"
 
-#include "document_file.h"
-#include "files.h"
 #include "progress_box.h"
 
 #include <QtCore/QCoreApplication>

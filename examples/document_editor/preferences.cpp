@@ -10,64 +10,30 @@
 
 namespace document_editor {
 
-using namespace Qt::StringLiterals;
-using my_spellchecker::MySpellChecker;
-
 Preferences &Preferences::instance()
 {
     static Preferences preferences;
     return preferences;
 }
 
-bool Preferences::shows_page() const
-{
-    return QSettings().value(u"page_view"_s, true).toBool();
-}
-
-void Preferences::set_shows_page(bool on)
-{
-    set(u"page_view"_s, on);
-}
-
-Paper Preferences::paper() const
-{
-    const int paper = QSettings().value(u"paper"_s).toInt();
-    return Paper(qBound(int(Paper::System), paper, int(Paper::Dark)));
-}
-
-void Preferences::set_paper(Paper paper)
-{
-    set(u"paper"_s, int(paper));
-}
-
-bool Preferences::marks_while_writing() const
-{
-    return QSettings().value(u"marking"_s, true).toBool();
-}
-
-void Preferences::set_marks_while_writing(bool on)
-{
-    set(u"marking"_s, on);
-}
-
 QString Preferences::language() const
 {
-    const QString chosen = QSettings().value(u"language"_s, QLocale().name()).toString();
-    for (const QString &language : {chosen, u"en"_s}) {
-        if (language.isEmpty() || MySpellChecker::is_available(language))
+    const QString chosen = value("language", QLocale().name()).toString();
+    for (const QString &language : {chosen, QStringLiteral("en")}) {
+        if (language.isEmpty() || my_spellchecker::MySpellChecker::is_available(language))
             return language;
     }
     return {};
 }
 
-void Preferences::set_language(const QString &language)
+QVariant Preferences::value(const char *key, const QVariant &at_first)
 {
-    set(u"language"_s, language);
+    return QSettings().value(QLatin1StringView(key), at_first);
 }
 
-void Preferences::set(const QString &key, const QVariant &value)
+void Preferences::set(const char *key, const QVariant &value)
 {
-    QSettings().setValue(key, value);
+    QSettings().setValue(QLatin1StringView(key), value);
     Q_EMIT changed();
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QtCore/QObject>
+#include <QtCore/QVariant>
 
 namespace document_editor {
 
@@ -17,21 +18,22 @@ class Preferences : public QObject
 public:
     static Preferences &instance();
 
-    bool shows_page() const;
-    void set_shows_page(bool on);
-    Paper paper() const;
-    void set_paper(Paper paper);
-    bool marks_while_writing() const;
-    void set_marks_while_writing(bool on);
+    bool shows_page() const { return value("page_view", true).toBool(); }
+    void set_shows_page(bool on) { set("page_view", on); }
+    Paper paper() const { return Paper(qBound(0, value("paper", 0).toInt(), int(Paper::Dark))); }
+    void set_paper(Paper paper) { set("paper", int(paper)); }
+    bool marks_while_writing() const { return value("marking", true).toBool(); }
+    void set_marks_while_writing(bool on) { set("marking", on); }
     /// Of new sections: what was chosen last, at first the system's; empty where there is no dictionary.
     QString language() const;
-    void set_language(const QString &language);
+    void set_language(const QString &language) { set("language", language); }
 
 Q_SIGNALS:
     void changed();
 
 private:
-    void set(const QString &key, const QVariant &value);
+    static QVariant value(const char *key, const QVariant &at_first);
+    void set(const char *key, const QVariant &value);
 };
 
 } // namespace document_editor

@@ -3,9 +3,11 @@
 
 #include "recent_files.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QSettings>
+#include <QtWidgets/QMenu>
 
 namespace document_editor {
 
@@ -16,16 +18,14 @@ namespace {
 constexpr int k_longest = 10;
 const QString k_key = u"recent_files"_s;
 
-} // namespace
-
-RecentFiles::RecentFiles(QWidget *parent)
-    : QMenu(tr("Open &Recent"), parent)
+QString tr(const char *text)
 {
-    setToolTipsVisible(true);
-    connect(this, &QMenu::aboutToShow, this, &RecentFiles::fill);
+    return QCoreApplication::translate("document_editor::RecentFiles", text);
 }
 
-void RecentFiles::add(const QString &path)
+} // namespace
+
+void add_recent_file(const QString &path)
 {
     QSettings settings;
     QStringList paths = settings.value(k_key).toStringList();
@@ -35,19 +35,19 @@ void RecentFiles::add(const QString &path)
     settings.setValue(k_key, paths.mid(0, k_longest));
 }
 
-void RecentFiles::fill()
+void fill_recent_files(QMenu *menu, const std::function<void(const QString &)> &open)
 {
-    clear();
+    menu->clear();
     const QStringList paths = QSettings().value(k_key).toStringList();
     for (const QString &path : paths) {
         QString name = QFileInfo(path).fileName();
-        QAction *action = addAction(name.replace(u'&', "&&"_L1), this, [this, path] { Q_EMIT chosen(path); });
+        QAction *action = menu->addAction(name.replace(u'&', "&&"_L1), menu, [open, path] { open(path); });
         action->setToolTip(QDir::toNativeSeparators(path));
     }
     if (paths.isEmpty())
-        addAction(tr("None"))->setEnabled(false);
-    addSeparator();
-    addAction(tr("&Clear"), this, [] { QSettings().remove(k_key); })->setEnabled(!paths.isEmpty());
+        menu->addAction(tr("None"))->setEnabled(false);
+    menu->addSeparator();
+    menu->addAction(tr("&Clear"), menu, [] { QSettings().remove(k_key); })->setEnabled(!paths.isEmpty());
 }
 
 } // namespace document_editor

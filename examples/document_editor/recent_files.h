@@ -3,24 +3,19 @@
 
 #pragma once
 
-#include <QtWidgets/QMenu>
+#include <QtCore/QString>
+
+#include <functional>
+
+QT_BEGIN_NAMESPACE
+class QMenu;
+QT_END_NAMESPACE
 
 namespace document_editor {
 
-/// The menu of the files that were open last, newest first; the same in every window and the next session.
-class RecentFiles : public QMenu
-{
-    Q_OBJECT
+// The files that were open last, newest first; the same in every window and the next session.
 
-public:
-    explicit RecentFiles(QWidget *parent);
-    static void add(const QString &path);
-
-Q_SIGNALS:
-    void chosen(const QString &path);
-
-private:
-    void fill();
-};
+void add_recent_file(const QString &path);
+void fill_recent_files(QMenu *menu, const std::function<void(const QString &)> &open);
 
 } // namespace document_editor

@@ -3,9 +3,6 @@
 
 #include "recovery_file.h"
 
-#include "document_file.h"
-#include "files.h"
-
 #include <QtCore/QDir>
 #include <QtCore/QStandardPaths>
 #include <QtCore/QUuid>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "document.h"
+#include "document_file.h"
 
 #include <QtCore/QLockFile>
 #include <QtCore/QObject>

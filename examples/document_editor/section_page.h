@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "document.h"
+#include "document_file.h"
 
 #include <my_classes/my_classes.h>
 

@@ -140,24 +140,22 @@ void SectionTabs::set_document(const Document &document, bool modified)
     set_modified(modified);
 }
 
-Section SectionTabs::section_at(int index, const QString &html) const
-{
-    return {tabText(index), static_cast<SectionPage *>(widget(index))->language(), html};
-}
-
 Document SectionTabs::document()
 {
-    Document document;
-    for (int i = 0; i < count(); ++i)
-        document.sections.append(section_at(i, static_cast<SectionPage *>(widget(i))->html()));
+    for (SectionPage *page : pages())
+        page->html();
+    Document document = snapshot();
+    document.closed.clear();
     return document;
 }
 
 Document SectionTabs::snapshot() const
 {
     Document document;
-    for (int i = 0; i < count(); ++i)
-        document.sections.append(section_at(i, static_cast<SectionPage *>(widget(i))->snapshot()));
+    for (int i = 0; i < count(); ++i) {
+        const auto *page = static_cast<SectionPage *>(widget(i));
+        document.sections.append({tabText(i), page->language(), page->snapshot()});
+    }
     for (const ClosedSection &closed : m_closed)
         document.closed.append({closed.title, closed.page->language(), closed.page->snapshot(), closed.index});
     return document;

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "document.h"
+#include "document_file.h"
 
 #include <my_classes/editable_tab_widget.h>
 
@@ -60,7 +60,6 @@ private:
     void keep_closed(QWidget *page, const QString &title);
     void structure_changed();
     void delete_closed();
-    Section section_at(int index, const QString &html) const;
 
     QList<ClosedSection> m_closed;
     int m_closing_index = 0;

@@ -4,7 +4,6 @@
 #include "window.h"
 
 #include "autosave.h"
-#include "command_action.h"
 #include "context_menu.h"
 #include "file_watch.h"
 #include "format_commands.h"
@@ -17,6 +16,7 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QMimeData>
 #include <QtCore/QSettings>
+#include <QtCore/QStandardPaths>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QDropEvent>
 #include <QtGui/QImageReader>
@@ -24,6 +24,9 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QStatusBar>
+
+#include <algorithm>
+#include <functional>
 
 namespace document_editor {
 
@@ -89,7 +92,7 @@ Window::Window(std::unique_ptr<RecoveryFile> recovery)
     });
     set_path({});
     if (!restoreGeometry(QSettings().value(k_geometry_key).toByteArray()))
-        resize(k_first_size.boundedTo(screen()->availableSize()));
+        resize(k_first_size.boundedTo(screen()->availableSize() * 9 / 10));
 }
 
 Window::~Window()
@@ -108,7 +111,8 @@ void Window::prepare_page(SectionPage *page)
     editor->set_shortcuts_enabled(false); // the menus have them
     connect_font_boxes(editor);
     new PageLook(editor);
-    new ContextMenu(editor);
+    offer_suggestions(editor);
+    follow_commands(page);
     editor->text_edit->viewport()->installEventFilter(this); // drops
     const auto follow_preferences = [editor] {
         editor->set_marking_while_writing(Preferences::instance().marks_while_writing());
@@ -121,8 +125,7 @@ void Window::follow_current_page()
 {
     if (!m_tabs->current_page()) // between the last one and a new one
         return;
-    for (CommandAction *command : std::as_const(m_commands))
-        command->follow(editor());
+    mirror_commands();
     show_counts();
 }
 
@@ -134,9 +137,11 @@ void Window::show_counts()
     const QList<SectionPage *> pages = m_tabs->pages();
     for (const SectionPage *page : pages)
         words += page->counts().words;
+    const bool all = std::all_of(pages.begin(), pages.end(), std::mem_fn(&SectionPage::is_loaded));
+    const QString text =
+        all ? tr("Section: %1 words    Document: %2 words") : tr("Section: %1 words    Document: more than %2 words");
     const QLocale locale;
-    m_counts->setText(tr("Section: %1 words    Document: %2 words")
-                          .arg(locale.toString(m_tabs->current_page()->counts().words), locale.toString(words)));
+    m_counts->setText(text.arg(locale.toString(m_tabs->current_page()->counts().words), locale.toString(words)));
 }
 
 void Window::set_path(const QString &path, const QString &stamp)
@@ -151,6 +156,13 @@ void Window::set_path(const QString &path, const QString &stamp)
 QString Window::name() const
 {
     return m_path.isEmpty() ? tr("Untitled") : QFileInfo(m_path).fileName();
+}
+
+/// Where files are looked for, and put.
+QString Window::directory() const
+{
+    return m_path.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
+                            : QFileInfo(m_path).path();
 }
 
 void Window::complain(const QString &reason)

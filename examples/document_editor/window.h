@@ -13,7 +13,6 @@
 #include <QtWidgets/QMainWindow>
 
 QT_BEGIN_NAMESPACE
-class QActionGroup;
 class QLabel;
 class QPrinter;
 QT_END_NAMESPACE
@@ -25,10 +24,8 @@ class CustomTextEditor;
 namespace document_editor {
 
 class Autosave;
-class CommandAction;
 class FileWatch;
 class LoadingBar;
-class RecentFiles;
 class SectionPage;
 class SectionTabs;
 
@@ -69,7 +66,10 @@ private:
     void create_help_menu();
     void add_command(QMenu *menu, my_classes::EditorCommand command, const QString &text, const QKeySequence &key = {});
     void fill_language_menu(QMenu *menu);
-    void add_paper_menu(QMenu *menu);
+    void add_preference(QMenu *menu, const QString &text, const std::function<bool()> &is_on,
+                        const std::function<void(bool)> &set);
+    void follow_commands(SectionPage *page);
+    void mirror_commands();
 
     // Editors.
     void prepare_page(SectionPage *page);
@@ -97,8 +97,8 @@ private:
     void print_pages(QPrinter *printer);
     void set_path(const QString &path, const QString &stamp = {});
     QString name() const;
+    QString directory() const;
     void complain(const QString &reason);
-    void toggle_full_screen(bool on);
 
     SectionTabs *m_tabs;
     Autosave *m_autosave;
@@ -107,7 +107,7 @@ private:
     QLabel *m_counts;
     QTimer m_counting;
     QLabel *m_problem;
-    QList<CommandAction *> m_commands;
+    QList<std::pair<my_classes::EditorCommand, QAction *>> m_commands;
     QString m_path; // empty: never saved
     bool m_asks_about_file = false;
 };

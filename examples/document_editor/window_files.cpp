@@ -2,10 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "autosave.h"
-#include "document_file.h"
-#include "exporter.h"
 #include "file_watch.h"
-#include "files.h"
 #include "importer.h"
 #include "loading_bar.h"
 #include "opener.h"
@@ -35,6 +32,7 @@ using my_classes::DownloadOutcome;
 
 namespace {
 
+constexpr int k_address_width = 500; // pixels
 constexpr int k_message_time = 5000; // milliseconds
 
 QString with_document_suffix(const QString &path)
@@ -52,9 +50,8 @@ void Window::new_section()
 
 void Window::choose_files_to_open()
 {
-    const QString directory = QFileInfo(m_path).path();
     const QStringList paths =
-        QFileDialog::getOpenFileNames(this, tr("Open"), directory, tr("Documents (*.html);;All files (*)"));
+        QFileDialog::getOpenFileNames(this, tr("Open"), directory(), tr("Documents (*.html);;All files (*)"));
     for (const QString &path : paths)
         open(path);
 }
@@ -69,7 +66,7 @@ void Window::open(const QString &path)
         Window *window = m_tabs->is_untouched() && m_path.isEmpty() ? this : new Window;
         window->show_document(*document, false);
         window->show();
-        RecentFiles::add(path);
+        add_recent_file(path);
     } catch (const ForeignFile &) {
         if (here)
             offer_import(path);
@@ -113,8 +110,7 @@ bool Window::save()
 
 bool Window::save_as()
 {
-    QFileDialog dialog(this, tr("Save As"), m_path.isEmpty() ? QString() : QFileInfo(m_path).path(),
-                       tr("Documents (*.html)"));
+    QFileDialog dialog(this, tr("Save As"), directory(), tr("Documents (*.html)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(u"html"_s);
     dialog.selectFile(m_path.isEmpty() ? tr("Untitled.html") : name());
@@ -145,7 +141,7 @@ bool Window::write_to(const QString &path)
     }
     m_tabs->set_modified(false);
     set_path(QFileInfo(path).absoluteFilePath(), FileWatch::stamp_of(path));
-    RecentFiles::add(path);
+    add_recent_file(path);
     statusBar()->showMessage(tr("Saved"), k_message_time);
     return true;
 }
@@ -192,7 +188,7 @@ bool Window::load_again()
 
 void Window::choose_files_to_import()
 {
-    import_files(QFileDialog::getOpenFileNames(this, tr("Import"), QFileInfo(m_path).path(), import_filter()));
+    import_files(QFileDialog::getOpenFileNames(this, tr("Import"), directory(), import_filter()));
 }
 
 void Window::offer_import(const QString &path)
@@ -217,12 +213,17 @@ void Window::import_files(const QStringList &paths)
 
 void Window::download()
 {
-    const QString address = QInputDialog::getText(this, tr("Download into a Section"), tr("Address:")).trimmed();
-    if (address.isEmpty())
+    QInputDialog question(this);
+    question.setWindowTitle(tr("Download into a Section"));
+    question.setLabelText(tr("Address:"));
+    question.resize(k_address_width, question.sizeHint().height());
+    const bool accepted = question.exec() == QDialog::Accepted;
+    const QString address = question.textValue().trimmed();
+    if (!accepted || address.isEmpty())
         return;
-    const QTemporaryDir directory;
+    const QTemporaryDir folder;
     const QString name = QFileInfo(QUrl(address).path()).fileName();
-    const QString path = directory.filePath(name.isEmpty() ? u"index.html"_s : name);
+    const QString path = folder.filePath(name.isEmpty() ? u"index.html"_s : name);
     DownloadDialog dialog(address, path, tr("Downloading %1").arg(address), this);
     connect(&dialog, &DownloadDialog::download_ended, &dialog, &QWidget::close); // the reason comes in a box
     dialog.exec();
@@ -234,7 +235,7 @@ void Window::download()
 
 void Window::export_to_file(const QList<SectionPage *> &pages, const QString &title)
 {
-    QFileDialog dialog(this, tr("Export"), QFileInfo(m_path).path(), export_filter());
+    QFileDialog dialog(this, tr("Export"), directory(), export_filter());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(u"pdf"_s);
     connect(&dialog, &QFileDialog::filterSelected, &dialog,

@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 the my_classes authors
 // SPDX-License-Identifier: MIT
 
-#include "command_action.h"
-#include "exporter.h"
 #include "format_commands.h"
 #include "preferences.h"
 #include "recent_files.h"
@@ -14,7 +12,6 @@
 #include <my_classes/search_dialog.h>
 
 #include <QtCore/QFileInfo>
-#include <QtGui/QActionGroup>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QMessageBox>
@@ -31,6 +28,16 @@ using my_spellchecker::MySpellChecker;
 namespace {
 
 constexpr int k_heading_levels = 4;
+constexpr int k_message_time = 5000; // milliseconds
+
+void mirror(const QAction *own, QAction *item)
+{
+    if (item->icon().isNull())
+        item->setIcon(own->icon());
+    item->setEnabled(own->isEnabled());
+    item->setCheckable(own->isCheckable());
+    item->setChecked(own->isChecked());
+}
 
 } // namespace
 
@@ -46,12 +53,43 @@ void Window::create_menus()
     create_help_menu();
 }
 
+/// The item is enabled and checked as the command of the current editor is.
 void Window::add_command(QMenu *menu, EditorCommand command, const QString &text, const QKeySequence &key)
 {
-    auto *action = new CommandAction(command, text, this);
-    action->setShortcut(key);
-    menu->addAction(action);
-    m_commands.append(action);
+    QAction *item = menu->addAction(text, key, this, [this, command] {
+        editor()->action(command)->trigger();
+        mirror_commands(); // a checkable one has switched itself
+    });
+    m_commands.append({command, item});
+}
+
+void Window::follow_commands(SectionPage *page)
+{
+    for (const auto &[command, item] : std::as_const(m_commands)) {
+        const QAction *own = page->editor()->action(command);
+        connect(own, &QAction::changed, this, [this, page, own, item = item] {
+            if (page == m_tabs->current_page())
+                mirror(own, item);
+        });
+    }
+}
+
+void Window::mirror_commands()
+{
+    for (const auto &[command, item] : std::as_const(m_commands))
+        mirror(editor()->action(command), item);
+}
+
+/// An item that shows a preference and sets it.
+void Window::add_preference(QMenu *menu, const QString &text, const std::function<bool()> &is_on,
+                            const std::function<void(bool)> &set)
+{
+    QAction *item = menu->addAction(text);
+    item->setCheckable(true);
+    const auto show = [item, is_on] { item->setChecked(is_on()); };
+    connect(item, &QAction::triggered, this, set);
+    connect(&Preferences::instance(), &Preferences::changed, item, show);
+    show();
 }
 
 void Window::create_file_menu()
@@ -59,9 +97,10 @@ void Window::create_file_menu()
     QMenu *menu = menuBar()->addMenu(tr("&File"));
     menu->addAction(tr("&New"), QKeySequence::New, this, [] { (new Window)->show(); });
     menu->addAction(tr("&Open…"), QKeySequence::Open, this, &Window::choose_files_to_open);
-    auto *recent = new RecentFiles(this);
-    connect(recent, &RecentFiles::chosen, this, &Window::open);
-    menu->addMenu(recent);
+    QMenu *recent = menu->addMenu(tr("Open &Recent"));
+    recent->setToolTipsVisible(true);
+    connect(recent, &QMenu::aboutToShow, this,
+            [this, recent] { fill_recent_files(recent, [this](const QString &path) { open(path); }); });
     menu->addSeparator();
     menu->addAction(tr("&Save"), QKeySequence::Save, this, &Window::save);
     menu->addAction(tr("Save &As…"), QKeySequence::SaveAs, this, &Window::save_as);
@@ -124,16 +163,23 @@ void Window::create_format_menu()
     add_command(menu, EditorCommand::Bold, tr("&Bold"), QKeySequence::Bold);
     add_command(menu, EditorCommand::Italic, tr("&Italic"), QKeySequence::Italic);
     add_command(menu, EditorCommand::Underline, tr("&Underline"), QKeySequence::Underline);
-    menu->addAction(tr("Text &Colour…"), this, [this] { choose_text_colour(editor()); });
-    menu->addAction(tr("Bac&kground Colour…"), this, [this] { choose_background_colour(editor()); });
+    menu->addAction(tr("Text &Colour…"), this, [this] {
+        choose_colour(editor(), tr("Text Colour"), &QTextFormat::foreground, &QTextFormat::setForeground);
+    });
+    menu->addAction(tr("Bac&kground Colour…"), this, [this] {
+        choose_colour(editor(), tr("Background Colour"), &QTextFormat::background, &QTextFormat::setBackground);
+    });
     add_command(menu, EditorCommand::ClearFormatting, tr("Clear &Formatting"), QKeySequence(u"F8"_s));
     menu->addSeparator();
 
     QMenu *headings = menu->addMenu(tr("&Heading"));
     for (int level = 0; level <= k_heading_levels; ++level) {
         const QString text = level == 0 ? tr("&Text") : tr("Heading &%1").arg(level);
-        headings->addAction(text, QKeySequence(u"Ctrl+Alt+%1"_s.arg(level)), this,
-                            [this, level] { set_heading(editor(), level); });
+        QAction *item = headings->addAction(text, QKeySequence(u"Ctrl+Alt+%1"_s.arg(level)), this,
+                                            [this, level] { set_heading(editor(), level); });
+        item->setCheckable(true);
+        connect(headings, &QMenu::aboutToShow, item,
+                [this, item, level] { item->setChecked(heading_level(editor()) == level); });
     }
     QMenu *spacings = menu->addMenu(tr("Line &Spacing"));
     for (const double factor : {1.0, 1.15, 1.5, 2.0})
@@ -178,12 +224,9 @@ void Window::create_spelling_menu()
 {
     QMenu *menu = menuBar()->addMenu(tr("S&pelling"));
     menu->addAction(tr("&Check Spelling"), QKeySequence(u"F7"_s), this, &Window::check_spelling);
-    QAction *marking = menu->addAction(tr("&Mark While Writing"));
-    marking->setCheckable(true);
-    const auto show = [marking] { marking->setChecked(Preferences::instance().marks_while_writing()); };
-    connect(&Preferences::instance(), &Preferences::changed, marking, show);
-    connect(marking, &QAction::triggered, this, [](bool on) { Preferences::instance().set_marks_while_writing(on); });
-    show();
+    add_preference(
+        menu, tr("&Mark While Writing"), [] { return Preferences::instance().marks_while_writing(); },
+        [](bool on) { Preferences::instance().set_marks_while_writing(on); });
     menu->addSeparator();
     add_command(menu, EditorCommand::Correct, tr("C&orrect"));
     add_command(menu, EditorCommand::AppendToDictionary, tr("&Append to Dictionary"));
@@ -216,13 +259,17 @@ void Window::fill_language_menu(QMenu *menu)
 void Window::create_view_menu()
 {
     QMenu *menu = menuBar()->addMenu(tr("&View"));
-    QAction *page = menu->addAction(tr("&Page Width"));
-    page->setCheckable(true);
-    connect(page, &QAction::triggered, this, [](bool on) { Preferences::instance().set_shows_page(on); });
-    const auto show = [page] { page->setChecked(Preferences::instance().shows_page()); };
-    connect(&Preferences::instance(), &Preferences::changed, page, show);
-    show();
-    add_paper_menu(menu->addMenu(tr("P&aper")));
+    add_preference(
+        menu, tr("&Page Width"), [] { return Preferences::instance().shows_page(); },
+        [](bool on) { Preferences::instance().set_shows_page(on); });
+    QMenu *papers = menu->addMenu(tr("P&aper"));
+    const std::pair<Paper, QString> all[] = {
+        {Paper::System, tr("As the &System")}, {Paper::Light, tr("&Light")}, {Paper::Dark, tr("&Dark")}};
+    for (const auto &[paper, text] : all) {
+        add_preference(
+            papers, text, [paper = paper] { return Preferences::instance().paper() == paper; },
+            [paper = paper](bool) { Preferences::instance().set_paper(paper); });
+    }
     menu->addSeparator();
     menu->addAction(tr("Zoom &In"), QKeySequence::ZoomIn, this, [this] { editor()->zoom_in(); });
     menu->addAction(tr("Zoom &Out"), QKeySequence::ZoomOut, this, [this] { editor()->zoom_out(); });
@@ -230,27 +277,8 @@ void Window::create_view_menu()
     menu->addSeparator();
     QAction *full_screen = menu->addAction(tr("&Full Screen"), QKeySequence(u"F11"_s));
     full_screen->setCheckable(true);
-    connect(full_screen, &QAction::triggered, this, &Window::toggle_full_screen);
-}
-
-void Window::add_paper_menu(QMenu *menu)
-{
-    auto *group = new QActionGroup(menu);
-    const QList<std::pair<Paper, QString>> papers = {
-        {Paper::System, tr("As the &System")}, {Paper::Light, tr("&Light")}, {Paper::Dark, tr("&Dark")}};
-    for (const auto &[paper, text] : papers) {
-        QAction *action = group->addAction(menu->addAction(text));
-        action->setCheckable(true);
-        const auto show = [action, paper = paper] { action->setChecked(Preferences::instance().paper() == paper); };
-        connect(action, &QAction::triggered, this, [paper = paper] { Preferences::instance().set_paper(paper); });
-        connect(&Preferences::instance(), &Preferences::changed, action, show);
-        show();
-    }
-}
-
-void Window::toggle_full_screen(bool on)
-{
-    setWindowState(windowState().setFlag(Qt::WindowFullScreen, on));
+    connect(full_screen, &QAction::triggered, this,
+            [this](bool on) { setWindowState(windowState().setFlag(Qt::WindowFullScreen, on)); });
 }
 
 void Window::create_help_menu()
@@ -287,14 +315,15 @@ void Window::check_spelling()
 {
     CustomTextEditor *checked = editor();
     if (checked->lang.isEmpty()) {
-        statusBar()->showMessage(tr("The section has no language whose spelling can be checked."));
+        statusBar()->showMessage(tr("The section has no language whose spelling can be checked."), k_message_time);
         return;
     }
     const auto show = [this, checked](const QSet<QString> &misspelled) {
         if (misspelled.isEmpty())
-            statusBar()->showMessage(tr("No misspelled words"));
+            statusBar()->showMessage(tr("No misspelled words"), k_message_time);
         else
             checked->show_first_misspelled(misspelled);
+        checked->update_from_cursor(); // offers the suggestions for it
     };
     connect(checked, &CustomTextEditor::check_spelling_done, this, show, Qt::SingleShotConnection);
     checked->check_spelling();

@@ -35,12 +35,11 @@ private:
         if (dialog != std::exchange(m_seen, dialog) || !dialog || dialog == m_last || m_left.isEmpty())
             return; // a file dialog takes a moment to read its folder, and puts its own name into the field then
         m_last = dialog;
-        const QString answer = m_left.takeFirst();
         if (auto *box = qobject_cast<QMessageBox *>(dialog)) {
             m_asked.append(box->text());
-            press(box, answer);
-        } else {
-            dialog->findChild<QLineEdit *>()->setText(answer);
+            press(box, m_left.takeFirst());
+        } else if (auto *field = dialog->findChild<QLineEdit *>()) { // others go by themselves
+            field->setText(m_left.takeFirst());
             QMetaObject::invokeMethod(static_cast<QDialog *>(dialog), &QDialog::accept, Qt::QueuedConnection);
         }
     }
