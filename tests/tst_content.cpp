@@ -529,6 +529,8 @@ void TstContent::deleted_in_slots()
     const auto itself = [](Editor *editor) { return editor; };
     QVERIFY(dies(itself, &Editor::read_only_changed, [](Editor &editor) { editor.set_read_only(true); }));
     QVERIFY(dies(itself, &Editor::modified_changed, [](Editor &editor) { editor.set_modified(true); }));
+    QVERIFY(dies(itself, &Editor::counts_changed, [](Editor &editor) { editor.insert_table_of_size(2, 2); }));
+    QVERIFY(dies(itself, &Editor::counts_changed, [](Editor &editor) { editor.insert_numbered_list(); }));
     // Qt does not survive it in a signal of the text area itself.
     const auto select_quietly = [](Editor &editor, int anchor, int position) {
         const QSignalBlocker quiet(editor.text_edit);

@@ -71,8 +71,10 @@ void CustomTextEditor::insert_after_selection(const QString &text)
     cursor.setPosition(cursor.selectionEnd());
     cursor.insertText(QStringLiteral("\r\n"));
     cursor.insertHtml(text);
+    const QPointer<QTextEdit> here(text_edit);
     cursor.endEditBlock();
-    text_edit->setTextCursor(cursor);
+    if (here) // who hears of it may delete it
+        text_edit->setTextCursor(cursor);
 }
 
 void CustomTextEditor::replace_selected_text(const QString &text)
@@ -81,9 +83,10 @@ void CustomTextEditor::replace_selected_text(const QString &text)
     if (!cursor.hasSelection() || is_read_only())
         return;
     if (text.isEmpty()) // QTextCursor::insertHtml() would leave the selection alone
-        cursor.removeSelectedText();
-    else
-        cursor.insertHtml(text);
+        return cursor.removeSelectedText();
+    cursor.beginEditBlock(); // as in insert_html()
+    cursor.insertHtml(text);
+    cursor.endEditBlock();
 }
 
 void CustomTextEditor::paste_plain_text()

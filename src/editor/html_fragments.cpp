@@ -4,7 +4,10 @@
 #include "editor/html_fragments.h"
 
 #include <QtCore/QLatin1StringView>
+#include <QtCore/QPointer>
 #include <QtCore/QStringBuilder>
+#include <QtGui/QTextCursor>
+#include <QtWidgets/QTextEdit>
 
 namespace my_classes {
 
@@ -26,6 +29,18 @@ QString image_html(QByteArrayView base64_png, const QString &width, const QStrin
     // One allocation, whatever the size: the text of a photograph runs into hundreds of megabytes.
     return u"<img src=\"data:image/png;base64," % QLatin1StringView(base64_png) % u"\" width=\"" % width %
            u"\" height=\"" % height % u"\">";
+}
+
+void insert_html(QTextEdit *text_edit, const QStringList &fragments)
+{
+    const QPointer<QTextEdit> here(text_edit);
+    QTextCursor cursor = text_edit->textCursor();
+    cursor.beginEditBlock(); // told of inside QTextCursor::insertHtml(), a change ends there in a crash
+    for (const QString &html : fragments)
+        cursor.insertHtml(html);
+    cursor.endEditBlock();
+    if (here)
+        text_edit->ensureCursorVisible();
 }
 
 } // namespace my_classes

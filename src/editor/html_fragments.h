@@ -5,6 +5,11 @@
 
 #include <QtCore/QByteArrayView>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
+
+QT_BEGIN_NAMESPACE
+class QTextEdit;
+QT_END_NAMESPACE
 
 namespace my_classes {
 
@@ -15,5 +20,8 @@ QString table_html(int rows, int columns);
 /// A PNG picture, given as base64 text, embedded at the size that `width` and `height` say; they are written as they
 /// are, also when they are empty.
 QString image_html(QByteArrayView base64_png, const QString &width, const QString &height);
+
+/// Inserts them at the caret, or in place of the selection, as one undo step. Who hears of it may delete the text area.
+void insert_html(QTextEdit *text_edit, const QStringList &fragments);
 
 } // namespace my_classes

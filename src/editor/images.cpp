@@ -10,7 +10,6 @@
 #include <my_classes/image_size_input_dialog.h>
 
 #include <QtGui/QImage>
-#include <QtGui/QTextCursor>
 #include <QtWidgets/QFileDialog>
 
 #include <limits>
@@ -82,8 +81,7 @@ void CustomTextEditor::insert_image()
         return;
     const QString html = image_html(*base64, width, height);
     base64.reset();
-    text_edit->textCursor().insertHtml(html);
-    text_edit->ensureCursorVisible();
+    insert_html(text_edit, {html});
 }
 
 bool CustomTextEditor::insert_picture(const QImage &picture, const QSize &size)
@@ -105,9 +103,7 @@ bool CustomTextEditor::embed_picture(const QImage &picture, const QSize &shown_s
     if (!png)
         return false;
     const auto side = [](int pixels) { return QString::number(pixels); };
-    text_edit->textCursor().insertHtml(
-        image_html(png->toBase64(), side(shown_size.width()), side(shown_size.height())));
-    text_edit->ensureCursorVisible();
+    insert_html(text_edit, {image_html(png->toBase64(), side(shown_size.width()), side(shown_size.height()))});
     return true;
 }
 

@@ -3,6 +3,7 @@
 
 #include "editor/loaded_sizes.h"
 
+#include <QtCore/QPointer>
 #include <QtGui/QFont>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
@@ -71,8 +72,10 @@ void forget_size_of(const QFont &font, QTextDocument *document)
             has_size(block.charFormat()))
             break;
     }
+    const QPointer<QTextDocument> here(document);
     cursor.endEditBlock();
-    document->setUndoRedoEnabled(had_undo);
+    if (here) // who hears of it may delete it
+        document->setUndoRedoEnabled(had_undo);
 }
 
 QString without_size_of(const QFont &font, const QString &html)

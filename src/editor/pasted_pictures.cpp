@@ -11,7 +11,6 @@
 #include <QtCore/QMimeData>
 #include <QtCore/QUrl>
 #include <QtGui/QImageReader>
-#include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextDocumentFragment>
 #include <QtWidgets/QTextEdit>
@@ -92,12 +91,7 @@ bool insert_pictures(QTextEdit *text_edit, const QMimeData *data)
         fragments << embedding_html(picture, most_width);
     if (fragments.isEmpty() || fragments.contains(QString()))
         return false;
-    QTextCursor cursor = text_edit->textCursor();
-    cursor.beginEditBlock();
-    for (const QString &html : std::as_const(fragments))
-        cursor.insertHtml(html);
-    cursor.endEditBlock();
-    text_edit->ensureCursorVisible();
+    insert_html(text_edit, fragments);
     return true;
 }
 

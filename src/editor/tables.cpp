@@ -40,8 +40,7 @@ bool CustomTextEditor::insert_table_of_size(int rows, int columns)
     if (rows < 0 || columns < 0 || cells > k_most_cells || text_edit->isReadOnly())
         return false;
     const WaitCursor wait;
-    text_edit->textCursor().insertHtml(table_html(rows, columns));
-    text_edit->ensureCursorVisible();
+    insert_html(text_edit, {table_html(rows, columns)});
     return true;
 }
 
