@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: MIT
 
 # Takes the pictures of the documentation: starts the real programs, light and dark, on a display of its own, and does
-# in them by keyboard what a person would. They go to docs/images; look at them before they are committed.
+# in them what a person would. They go to docs/images; look at them before they are committed.
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
 images=$repository/docs/images
@@ -20,7 +20,7 @@ finish() {
 trap finish EXIT
 
 start_display() {
-    Xvfb -displayfd 1 -br -screen 0 1280x1024x24 -noreset -nolisten tcp >"$private/display" 2>/dev/null &
+    Xvfb -displayfd 1 -br -screen 0 1600x1024x24 -noreset -nolisten tcp >"$private/display" 2>/dev/null &
     jobs_of_mine+=($!)
     until [[ -s $private/display ]]; do sleep 0.1; done
     export DISPLAY=:$(<"$private/display") QT_QPA_PLATFORM=xcb
@@ -67,8 +67,9 @@ paste() {
 
 # start WIDTH HEIGHT PROGRAM [ARGUMENT...]: when its window is up and has been given that size.
 start() {
-    local window=
-    "$build/bin/$3" "${@:4}" >/dev/null 2>&1 &
+    local window= path=$3
+    [[ $path == /* ]] || path=$build/bin/$path
+    "$path" "${@:4}" >/dev/null 2>&1 &
     program=$!
     jobs_of_mine+=("$program")
     until window=$(xdotool search --onlyvisible --pid "$program" 2>/dev/null | tail -1) && [[ $window ]]; do sleep 0.2; done
@@ -80,7 +81,7 @@ start() {
 # What stands on the display, and nothing of the display around it, in few colours.
 shoot() {
     sleep 1
-    xdotool mousemove 1279 1023
+    xdotool mousemove 1599 1023
     import -window root -trim +repage -dither None -colors 255 -define png:compression-level=9 "PNG8:$images/$1_$colours.png"
 }
 
@@ -213,10 +214,37 @@ download() {
     stop
 }
 
+# Qt Designer with what it is offered, and a form that holds some of it.
+designer() {
+    cat >"$private/form.ui" <<'UI'
+<ui version="4.0">
+ <class>Form</class>
+ <widget class="QWidget" name="Form">
+  <property name="geometry"><rect><x>0</x><y>0</y><width>580</width><height>560</height></rect></property>
+  <layout class="QVBoxLayout"><item><widget class="my_classes::EditableTabWidget" name="tab_widget">
+   <widget class="my_classes::CustomTab" name="chapter">
+    <attribute name="title"><string>Chapter</string></attribute>
+   </widget>
+   <widget class="my_classes::CustomTab" name="appendix">
+    <attribute name="title"><string>Appendix</string></attribute>
+   </widget>
+  </widget></item></layout>
+ </widget>
+</ui>
+UI
+    QT_PLUGIN_PATH=$build/lib start 1500 760 "$(qmake6 -query QT_INSTALL_BINS)/designer" "$private/form.ui"
+    sleep 3
+    xdotool mousemove 450 94 mousedown 1 mousemove 600 94 mousemove 760 94 mouseup 1 # the form, half hidden at first
+    xdotool mousemove 100 120 click 1 # the filter of the widget box
+    write "Tab"
+    shoot designer
+    stop
+}
+
 need build headless docs
 cd "$repository"
 cmake --preset release >/dev/null
-cmake --build --preset release --target my_classes_program document_editor tabs_and_download >/dev/null
+cmake --build --preset release --target my_classes_program document_editor tabs_and_download my_classes_designer >/dev/null
 start_display
 draw_hills
 serve_slowly
@@ -225,5 +253,6 @@ for colours in light dark; do
     editor
     document_editor
     download
+    designer
 done
 ls -l "$images"

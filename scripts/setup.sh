@@ -10,7 +10,7 @@ headless_packages=(xvfb openbox xdotool xclip imagemagick) # an X server without
 test_packages=(hunspell-es openssl nginx-light libqt6opengl6-dev poppler-utils)
 ci_packages=(git clang clang-format clang-tidy clazy reuse python3 abigail-tools)
 packages_packages=(dpkg-dev lintian desktop-file-utils appstream man-db debootstrap)
-docs_packages=(doxygen graphviz qt6ct python3)
+docs_packages=(doxygen graphviz qt6ct python3 designer-qt6)
 bench_packages=(nginx-light curl python3)
 
 # What stands for the packages on a system that has other ones: commands and pkg-config modules.
