@@ -66,8 +66,6 @@ public:
         return QString::fromUtf8(xdotool->readAllStandardOutput()).trimmed();
     }
 
-    void set(const QString &variable, const QString &value) { m_environment.insert(variable, value); }
-
     QString title() const { return tool({QStringLiteral("getactivewindow"), QStringLiteral("getwindowname")}); }
     bool wait_for(const QString &part_of_title) const
     {

@@ -179,7 +179,7 @@ void TstDocumentEditor::a_report()
 {
     QFETCH(const QString, scale);
     QFETCH(const QStringList, arguments);
-    m_desktop.set(u"QT_SCALE_FACTOR"_s, scale);
+    m_desktop.environment.insert(u"QT_SCALE_FACTOR"_s, scale);
     HttpServer server;
     server.answers["/sources.html"] = HttpServer::status("200 OK", "<p>Sources: <b>none</b></p>");
 
