@@ -186,8 +186,10 @@ void CustomTextEditor::set_line_spacing(double factor)
     format.setLineHeight(factor, 150);
     QTextCursor cursor = text_edit->textCursor();
     cursor.select(QTextCursor::Document);
+    const QPointer<QTextEdit> here(text_edit);
     cursor.mergeBlockFormat(format);
-    text_edit->setTextCursor(cursor);
+    if (here) // who hears of it may delete it
+        text_edit->setTextCursor(cursor);
 }
 
 void CustomTextEditor::clear_formatting()

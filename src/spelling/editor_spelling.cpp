@@ -186,12 +186,12 @@ void CustomTextEditor::clear_highlights()
     cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
     QTextCharFormat format;
     format.setBackground(Qt::transparent);
-    if (!is_read_only()) {
-        const Marking no_edit;
-        cursor.mergeCharFormat(format);
-    }
     search_results.clear();
     current_search_index = -1;
+    if (is_read_only())
+        return;
+    const Marking no_edit;
+    cursor.mergeCharFormat(format); // last: who hears of it may delete the editor
 }
 
 } // namespace my_classes
