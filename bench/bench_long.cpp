@@ -230,11 +230,16 @@ void measure_growth()
     for (const int words : {10'000, 30'000, 100'000, 300'000, 1'000'000}) {
         const std::unique_ptr<Windows> windows = marked_windows(bench::book_text(words));
         windows->put_cursors(QTextCursor::Start);
-        const bench::Pair times = both(*windows, 41, [](QTextEdit *area) { QTest::keyClick(area, 'x'); });
-        bench::print_row(QStringLiteral("key press at the start, %L1 words").arg(words), times,
+        const auto press = [](QTextEdit *area) { QTest::keyClick(area, 'x'); };
+        bench::print_row(QStringLiteral("key press at the start, %L1 words").arg(words), both(*windows, 41, press),
                          words < 100'000 ? 1.5 : 0.5);
-        shortest = words == 10'000 ? times.ours : shortest;
-        longest = times.ours;
+        // The other's walk over its paragraphs leaves nothing of ours in the processor's cache.
+        const auto press_alone = [&] {
+            press(windows->editor.text_edit);
+            finish_painting();
+        };
+        longest = bench::alternate(41, press_alone, press_alone).ours;
+        shortest = words == 10'000 ? longest : shortest;
     }
     bench::print_row(QStringLiteral("key press, 1,000,000 words / 10,000 words"), {longest, shortest}, 1.5);
 }

@@ -9,6 +9,7 @@
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
 
+#include <algorithm>
 #include <optional>
 
 namespace my_classes {
@@ -61,6 +62,11 @@ void forget_size_of(const QFont &font, const QTextBlock &block, QTextCursor &cur
 
 void forget_size_of(const QFont &font, QTextDocument *document)
 {
+    const QList<QTextFormat> formats = document->allFormats();
+    if (std::none_of(formats.begin(), formats.end(), [&font](const QTextFormat &format) {
+            return format.isCharFormat() && without_size_of(font, format.toCharFormat());
+        }))
+        return; // which spares the walk
     const bool had_undo = document->isUndoRedoEnabled();
     document->setUndoRedoEnabled(false);
     QTextCursor cursor(document);

@@ -160,8 +160,14 @@ qreal StillView::line_top(int position) const
 void StillView::note_top()
 {
     const int value = m_area->verticalScrollBar()->value();
-    if (!m_anchor.line.isNull() && m_anchor.value == value && m_anchor.revision == m_document->revision())
-        return;
+    if (!m_anchor.line.isNull() && m_anchor.value == value) {
+        if (m_anchor.revision == m_document->revision())
+            return;
+        if (qFuzzyIsNull(line_top(m_anchor.line.position()) - value - m_anchor.offset)) { // a hit test may take long
+            m_anchor.revision = m_document->revision();
+            return;
+        }
+    }
     const int position = m_document->documentLayout()->hitTest(QPointF(0, value), Qt::FuzzyHit);
     m_anchor = {QTextCursor(m_document), m_document->revision(), value, 0};
     m_anchor.line.setPosition(std::max(0, position));
