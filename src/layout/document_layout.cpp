@@ -28,11 +28,20 @@ constexpr qreal k_endless = 1'000'000'000; // pixels
 constexpr auto k_quiet = 250ms;            // before what is not seen is measured
 constexpr auto k_slice = 1500us;           // a longer one is felt between two keys
 
-/// Of what is drawn again and again; but for those of soft hyphens, which Qt makes visible where a line ends at them
-/// and forgets about when it shapes the text again.
+/// Whether what Qt shows does not depend on whether it has just shaped the text: it makes soft hyphens visible where a
+/// line ends at them, and draws the cursor as high as the letter before, until it forgets.
+bool is_shown_alike(const QString &text)
+{
+    return std::none_of(text.begin(), text.end(), [](QChar c) {
+        return c == QChar(QChar::SoftHyphen) || c.direction() == QChar::DirR || c.direction() == QChar::DirAL;
+    });
+}
+
+/// Of what is drawn again and again.
 void keep_glyphs(const QTextBlock &block)
 {
-    block.layout()->setCacheEnabled(!block.text().contains(QChar(QChar::SoftHyphen)));
+    QTextLayout *layout = block.layout();
+    layout->setCacheEnabled(is_shown_alike(block.text()) && is_shown_alike(layout->preeditAreaText()));
 }
 
 } // namespace
@@ -285,6 +294,8 @@ bool DocumentLayout::update_paragraphs(int from, int added)
     for (int i = 0; i < count; ++i, block = block.next()) {
         if (old_count != count || old[i].has_lines || m_has_stray_lines)
             block.layout()->clearLayout(); // QTextCursor would go on using the lines
+        if (old_count == count && !block.isVisible())
+            old[i].height = old[i].gap = 0;
     }
     if (old_count == count) {
         for (ParagraphExtent &extent : old)

@@ -20,17 +20,7 @@ struct Hit
     bool is_on_text;
 };
 
-/// Behind text that is being composed, positions are those of the text without it.
-int without_preedit(const QTextLayout *layout, int position)
-{
-    const int start = layout->preeditAreaPosition();
-    const auto length = static_cast<int>(layout->preeditAreaText().size());
-    if (start < 0 || position <= start)
-        return position;
-    return std::max(start, position - length);
-}
-
-/// `point` is relative to the paragraph's layout.
+/// `point` is relative to the paragraph's layout. Text that is being composed counts, as callers expect.
 Hit hit_lines(const QTextLayout *layout, const QPointF &point, Qt::HitTestAccuracy accuracy)
 {
     Hit hit{0, false};
@@ -48,7 +38,6 @@ Hit hit_lines(const QTextLayout *layout, const QPointF &point, Qt::HitTestAccura
             hit.position = std::min(hit.position, line.textStart());
         }
     }
-    hit.position = without_preedit(layout, hit.position);
     return hit;
 }
 
@@ -81,7 +70,7 @@ int DocumentLayout::hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) 
         hit = hit_lines(block.layout(), point - block.layout()->position(), accuracy);
     if (accuracy == Qt::ExactHit && !hit.is_on_text)
         return -1;
-    return std::clamp(block.position() + hit.position, 0, document()->characterCount() - 1);
+    return block.position() + hit.position;
 }
 
 } // namespace my_classes

@@ -40,7 +40,7 @@ void paint_check_box(QPainter *painter, const PaintContext &context, const QText
     empty.cursorPosition = -1;
     empty.clip = QRectF();
     painter->save();
-    painter->translate(item.layout()->position());
+    painter->translate(item.layout()->position().toPoint());
     document.documentLayout()->draw(painter, empty);
     painter->restore();
 }

@@ -17,6 +17,22 @@
 
 namespace test_support {
 
+/// An object in the text that is none of Qt's.
+class TextObject : public QObject, public QTextObjectInterface
+{
+public:
+    void *qt_metacast(const char *name) override
+    {
+        const bool is_wanted = qstrcmp(name, qobject_interface_iid<QTextObjectInterface *>()) == 0;
+        return is_wanted ? static_cast<QTextObjectInterface *>(this) : QObject::qt_metacast(name);
+    }
+    QSizeF intrinsicSize(QTextDocument *, int, const QTextFormat &) override { return {31.5, 22}; }
+    void drawObject(QPainter *painter, const QRectF &place, QTextDocument *, int, const QTextFormat &) override
+    {
+        painter->drawEllipse(place);
+    }
+};
+
 /// Two text areas with the same document, edited alike: what one shows has to be what the other shows.
 class LayoutComparison
 {
@@ -30,6 +46,8 @@ public:
         picture.fill(Qt::darkGreen);
         for (QTextEdit *area : {ours, qt})
             area->document()->addResource(QTextDocument::ImageResource, QUrl(QStringLiteral("picture")), picture);
+        for (QTextEdit *area : {ours, qt})
+            layout(area)->registerHandler(QTextFormat::UserObject + 1, &m_object);
     }
 
     int below(int bound) { return bound < 1 ? 0 : static_cast<int>(m_random.bounded(bound)); }
@@ -158,7 +176,7 @@ public:
         const int end = m_qt->document()->characterCount() - 1;
         const int from = below(end + 1);
         const int to = below(3) == 0 ? below(end + 1) : std::min(end, from + below(40));
-        const int what = below(20);
+        const int what = below(24);
         const QString text = words(1 + below(what == 0 ? 120 : 20));
         const QTextBlockFormat block = block_format();
         const QTextCharFormat character = char_format();
@@ -173,8 +191,12 @@ public:
             QTextListFormat::ListDecimal, QTextListFormat::ListLowerRoman, QTextListFormat::ListUpperAlpha};
         const QTextListFormat::Style style = styles[below(static_cast<int>(std::size(styles)))];
         const int level = below(3);
+        QTextCharFormat object;
+        object.setObjectType(QTextFormat::UserObject + 1);
         m_last = QStringLiteral("edit %1 from %2 to %3 of %4").arg(what).arg(from).arg(to).arg(end);
         for (QTextEdit *area : {m_ours, m_qt}) {
+            if (m_composed >= 0)
+                compose(area, m_composed, QString());
             QTextCursor cursor(area->document());
             cursor.setPosition(from);
             switch (what) {
@@ -240,12 +262,32 @@ public:
                 cursor.deletePreviousChar();
                 cursor.endEditBlock();
                 break;
-            default:
+            case 19:
                 cursor.setPosition(to, QTextCursor::KeepAnchor);
                 cursor.setCharFormat({});
                 break;
+            case 20: // hidden, or seen again
+                cursor.block().setVisible(!cursor.block().isVisible());
+                area->document()->markContentsDirty(cursor.block().position(), cursor.block().length());
+                break;
+            case 21: // being composed, until the next edit
+                compose(area, from, text.left(9));
+                break;
+            case 22:
+                cursor.insertText(QString(QChar(QChar::ObjectReplacementCharacter)), object);
+                break;
+            default:
+                layout(area)->setProperty("cursorWidth", 1 + level);
             }
         }
+        m_composed = what == 21 ? from : -1;
+    }
+
+    static void compose(QTextEdit *area, int position, const QString &text)
+    {
+        const QTextBlock block = area->document()->findBlock(position);
+        block.layout()->setPreeditArea(text.isEmpty() ? -1 : position - block.position(), text);
+        area->document()->markContentsDirty(block.position(), block.length());
     }
 
     /// What differs, or nothing.
@@ -300,7 +342,7 @@ public:
         for (int i = 0; i < 20; ++i) {
             const QPointF point(below(int(size.width()) + 20) - 10,
                                 below(int(size.height()) + 40) - 20 + below(64) / 64.0);
-            if (is_in_overlap(point.y()))
+            if (is_ambiguous(point.y()))
                 continue;
             for (const auto accuracy : {Qt::FuzzyHit, Qt::ExactHit}) {
                 const int ours = layout(m_ours)->hitTest(point, accuracy);
@@ -356,7 +398,8 @@ public:
                           100 + 2 * below(250)); // whole pixels on all screens
         const int from = below(m_qt->document()->characterCount());
         const int to = below(m_qt->document()->characterCount());
-        const int cursor = below(m_qt->document()->characterCount());
+        const int anywhere = below(m_qt->document()->characterCount());
+        const int cursor = below(9) == 0 ? -3 : anywhere; // in what is being composed
         const bool full_width = below(2);
         const qreal ratio = below(3) == 0 ? 1.5 : 1;
         QImage both[2];
@@ -417,10 +460,13 @@ public:
 private:
     static QAbstractTextDocumentLayout *layout(QTextEdit *area) { return area->document()->documentLayout(); }
 
-    bool is_in_overlap(qreal y)
+    /// Where lines overlap, and where some paragraph is hidden: Qt finds it at its former place.
+    bool is_ambiguous(qreal y)
     {
         int lines = 0;
         for (QTextBlock block = m_qt->document()->begin(); block.isValid(); block = block.next()) {
+            if (!block.isVisible())
+                return true;
             const QRectF paragraph = layout(m_qt)->blockBoundingRect(block).adjusted(0, -1, 0, 1);
             const qreal blur = block.blockFormat().lineHeightType() == QTextBlockFormat::SingleHeight ? 1 : 5;
             for (int i = 0; i < block.layout()->lineCount(); ++i) {
@@ -463,10 +509,12 @@ private:
         return QStringLiteral("[%1 %2 %3x%4] ").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height());
     }
 
+    TextObject m_object;
     QTextEdit *m_ours;
     QTextEdit *m_qt;
     QRandomGenerator m_random;
     QString m_last;
+    int m_composed = -1; // where
     int m_checks = 0;
 };
 
