@@ -163,6 +163,18 @@ void TstCommands::rows_and_columns()
     editor.insert_row_below();
     QCOMPARE(editor.get_html_content(), before);
 
+    editor.set_html_content(u"<table><tr><td colspan=2>a</td></tr><tr><td>b</td><td>c</td></tr></table>"_s);
+    select(editor.text_edit, 1);
+    QVERIFY(is_one_step(EditorCommand::InsertRowBelow, u"a,a/,/b,c"_s));
+    editor.text_edit->redo();
+    QCOMPARE(cells(table()), u"a,a/,/b,c"_s); // not as wide as the cell above
+    const QString table_html = editor.get_html_content();
+    select(editor.text_edit, 2, 0);
+    QTest::keyClick(editor.text_edit, Qt::Key_Return); // in place of the table
+    QVERIFY(!table());
+    editor.text_edit->undo();
+    QCOMPARE(editor.get_html_content(), table_html);
+
     // The table goes where the command moves the cursor.
     for (const bool row : {false, true}) {
         editor.set_text_content({});

@@ -16,6 +16,7 @@
 #include <QtCore/QUrl>
 #include <QtCore/QtMath>
 #include <QtGui/QPixmap>
+#include <QtGui/QTextFrame>
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QScrollBar>
@@ -172,7 +173,20 @@ void TextArea::keyPressEvent(QKeyEvent *event)
         event->accept();
         return;
     }
-    QTextEdit::keyPressEvent(event);
+    QTextCursor cursor = textCursor();
+    const bool has_tables = !document()->rootFrame()->childFrames().isEmpty();
+    if (!event->matches(QKeySequence::InsertParagraphSeparator) || isReadOnly() || !cursor.hasSelection() ||
+        !has_tables)
+        return QTextEdit::keyPressEvent(event);
+    // Qt does not survive undoing that a paragraph took the place of a table, unless that was removed before.
+    const QPointer<TextArea> here(this);
+    event->accept();
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    cursor.insertBlock();
+    cursor.endEditBlock();
+    if (here)
+        ensureCursorVisible();
 }
 
 void TextArea::paintEvent(QPaintEvent *event)
