@@ -7,6 +7,7 @@
 
 #include <my_classes/custom_highlighter.h>
 
+#include <QtCore/QPointer>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextLayout>
@@ -75,8 +76,11 @@ void CustomHighlighter::setDocument(QTextDocument *document)
     // The base class would put off a full pass to the next turn of the event loop; one without words to mark, at once,
     // takes its place.
     auto matcher = std::exchange(m_matcher, std::make_unique<MisspelledMatcher>(QSet<QString>()));
+    const QPointer<CustomHighlighter> here(this);
     QSyntaxHighlighter::setDocument(document);
     QSyntaxHighlighter::rehighlight();
+    if (!here) // who hears of it may delete the editor
+        return;
     m_matcher = std::move(matcher);
     if (m_marker)
         m_marker->start_again();
