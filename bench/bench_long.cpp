@@ -111,26 +111,29 @@ void measure_sizes(Windows &windows, const QString &size)
         bench::print_row(QStringLiteral("%1, %2").arg(QLatin1StringView(what), size), times, 1.3);
     };
     windows.put_cursors(QTextCursor::Start);
+    constexpr int rounds = 11;
+    int ours = 0;
+    int plain = 0;
+    const auto resize = [](QWidget &window, int &turn) {
+        window.resize(window.width() + (++turn % 2 ? -10 : 10), window.height());
+        finish_painting();
+    };
     row("resize", bench::alternate(
-                      5,
-                      [&] {
-                          windows.editor.resize(windows.editor.width() - 10, windows.editor.height());
-                          finish_painting();
-                      },
-                      [&] {
-                          windows.plain.resize(windows.plain.width() - 10, windows.plain.height());
-                          finish_painting();
-                      }));
-    row("zoom step", bench::alternate(
-                         5,
-                         [&] {
-                             windows.editor.zoom_in();
-                             finish_painting();
-                         },
-                         [&] {
-                             windows.plain.zoomIn(1);
-                             finish_painting();
-                         }));
+                      rounds, [&] { resize(windows.editor, ours); }, [&] { resize(windows.plain, plain); }));
+    const auto zoom = [&] {
+        return bench::alternate(
+            rounds,
+            [&] {
+                ++ours % 2 ? windows.editor.zoom_in() : windows.editor.zoom_out();
+                finish_painting();
+            },
+            [&] {
+                ++plain % 2 ? windows.plain.zoomIn(1) : windows.plain.zoomOut(1);
+                finish_painting();
+            });
+    };
+    zoom(); // or the first of both would load the letters for the other
+    row("zoom step", zoom());
 }
 
 void measure_marking(Windows &windows, const QString &text, const QString &size)

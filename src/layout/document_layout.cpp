@@ -23,7 +23,7 @@ constexpr int k_few_paragraphs = 8;        // are laid out at once when they cha
 constexpr int k_many_cached = 100;         // paragraphs whose glyphs are kept
 constexpr int k_few_of = 8;                // one in so many: it is worth while to look for them
 constexpr int k_sample = 24;               // paragraphs by which all are estimated
-constexpr int k_small_sample = 8;          // by which heights of others are compared with those before
+constexpr int k_most_seen = 50;            // by which all others are scaled
 constexpr qreal k_endless = 1'000'000'000; // pixels
 constexpr auto k_quiet = 250ms;            // before what is not seen is measured
 constexpr auto k_slice = 1500us;           // a longer one is felt between two keys
@@ -241,15 +241,39 @@ void DocumentLayout::estimate_everything(bool is_same_text)
 {
     drop_lines();
     m_overhang = 0;
-    const bool are_known = is_same_text && is_current();
-    m_estimate = HeightEstimate(document(), m_page, are_known ? k_small_sample : k_sample);
-    const double growth = are_known ? m_estimate.growth(m_heights) : 0;
-    if (growth > 0)
-        m_heights.estimate_from_present(growth);
-    else
+    m_estimate = HeightEstimate(m_page);
+    if (!is_same_text || !is_current() || !scale_heights()) {
+        if (document()->isLayoutEnabled())
+            m_estimate.sample(document(), m_page, k_sample);
         m_heights.replace(0, m_heights.count(), estimates(document()->begin(), document()->blockCount()));
+    }
     Q_EMIT estimated();
     Q_EMIT update();
+}
+
+/// By as much as the paragraphs that the person sees have grown, which have to be laid out anyway. False if they do not
+/// tell.
+bool DocumentLayout::scale_heights()
+{
+    std::vector<std::pair<int, ParagraphExtent>> seen;
+    Units before = 0;
+    Units now = 0;
+    QTextBlock block = document()->findBlockByNumber(m_first_seen);
+    const int end = document()->isLayoutEnabled() ? std::min(m_last_seen, m_first_seen + k_most_seen) : -1;
+    for (int index = m_first_seen; block.isValid() && index <= end; ++index, block = block.next()) {
+        const ParagraphExtent old = m_heights.extent(index);
+        const ParagraphExtent extent = lay_out(block);
+        m_estimate.learn(block, extent);
+        seen.emplace_back(index, extent);
+        before += old.height - old.gap;
+        now += extent.height - extent.gap;
+    }
+    if (before == 0 || now == 0)
+        return false;
+    m_heights.estimate_from_present(static_cast<double>(now) / static_cast<double>(before));
+    for (const auto &[index, extent] : seen)
+        m_heights.set_extent(index, extent);
+    return true;
 }
 
 /// QTextCursor would go on using lines that are no longer right.

@@ -69,6 +69,7 @@ private:
     ParagraphExtent lay_out(const QTextBlock &block) const;
     void measure(int index, const QTextBlock &block) const;
     void estimate_everything(bool is_same_text);
+    bool scale_heights();
     void drop_lines();
     std::vector<ParagraphExtent> estimates(const QTextBlock &first, int count) const;
     bool update_paragraphs(int from, int added);

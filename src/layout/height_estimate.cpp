@@ -23,7 +23,7 @@ qint32 whole_pixels(Units units)
 
 } // namespace
 
-HeightEstimate::HeightEstimate(const QTextDocument *document, const Page &page, int sample)
+HeightEstimate::HeightEstimate(const Page &page)
 {
     const QFontMetricsF metrics(page.font);
     m_paragraphs = 1;
@@ -32,11 +32,13 @@ HeightEstimate::HeightEstimate(const QTextDocument *document, const Page &page, 
     m_full_lines = 1;
     m_full_line_characters =
         std::max<qint64>(1, page.text_width() / std::max<Units>(1, to_units(metrics.averageCharWidth())));
-    if (!document->isLayoutEnabled())
-        return;
-    const int count = document->blockCount();
-    const int step = std::max(1, count / sample);
-    for (int i = step / 2; i < count; i += step) {
+}
+
+void HeightEstimate::sample(const QTextDocument *document, const Page &page, int count)
+{
+    const int all = document->blockCount();
+    const int step = std::max(1, all / count);
+    for (int i = step / 2; i < all; i += step) {
         const QTextBlock block = document->findBlockByNumber(i);
         if (!block.isVisible() || block.length() > k_longest_of_sample)
             continue;
@@ -55,7 +57,6 @@ void HeightEstimate::learn(const QTextBlock &block, const ParagraphExtent &exten
     m_lines += lines;
     m_gaps += extent.gap;
     m_line_heights += extent.height - extent.gap;
-    m_sample.emplace_back(block.blockNumber(), extent.height - extent.gap);
     m_full_lines += lines - 1;
     m_full_line_characters += layout->lineAt(lines - 1).textStart();
 }
@@ -71,18 +72,6 @@ ParagraphExtent HeightEstimate::of(const QTextBlock &block) const
     extent.gap = whole_pixels(m_gaps / m_paragraphs);
     extent.height = extent.gap + whole_pixels(std::max<qint64>(1, lines) * m_line_heights / m_lines);
     return extent;
-}
-
-double HeightEstimate::growth(const ParagraphHeights &known) const
-{
-    Units before = 0;
-    Units now = 0;
-    for (const auto &[number, height] : m_sample) {
-        const ParagraphExtent extent = known.extent(number);
-        before += extent.height - extent.gap;
-        now += height;
-    }
-    return before > 0 ? static_cast<double>(now) / static_cast<double>(before) : 0;
 }
 
 } // namespace my_classes

@@ -5,27 +5,23 @@
 
 #include "layout/paragraph_lines.h"
 
-#include <utility>
-#include <vector>
-
 namespace my_classes {
 
-/// Guesses heights of paragraphs from those of a few, which it lays out.
+/// Guesses heights of paragraphs from those of some others.
 class HeightEstimate
 {
 public:
     HeightEstimate() = default;
-    /// Lays out about `sample` paragraphs from all over the document.
-    HeightEstimate(const QTextDocument *document, const Page &page, int sample);
+    /// Knows the page's font only.
+    explicit HeightEstimate(const Page &page);
 
+    /// Lays out about `count` paragraphs from all over the document.
+    void sample(const QTextDocument *document, const Page &page, int count);
+    /// Of a paragraph that has its lines.
+    void learn(const QTextBlock &block, const ParagraphExtent &extent);
     ParagraphExtent of(const QTextBlock &block) const;
-    /// How many times as high as `known` the lines of the same paragraphs are now; 0 if that cannot be told.
-    double growth(const ParagraphHeights &known) const;
 
 private:
-    void learn(const QTextBlock &block, const ParagraphExtent &extent);
-
-    std::vector<std::pair<int, Units>> m_sample; // numbers of paragraphs, and heights of their lines
     int m_paragraphs = 0;
     int m_lines = 0;
     int m_full_lines = 0; // all but the last ones of their paragraphs
