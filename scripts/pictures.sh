@@ -134,6 +134,12 @@ write_of_the_weather() {
     line "temprature, in the shade of the hut"
     press Return
     paste image/png "$private/hills.png"
+    press Return
+    cat >"$private/weather.html" <<'HTML'
+<table border="1" cellspacing="0" cellpadding="4" style="border-collapse: collapse">
+<tr><td>Month</td><td>Rain</td><td>Wind</td></tr><tr><td>March</td><td>48 mm</td><td>from the west</td></tr></table>
+HTML
+    paste text/html "$private/weather.html"
     press F7
 }
 
