@@ -306,7 +306,7 @@ void TstSearch::keeps_up_with_the_document()
         } else if (other == 1) {
             area.setDocument(new QTextDocument(u"a cat"_s, &area));
         }
-        document->blockSignals(false);
+        area.document()->blockSignals(false);
 
         const QString text = area.toPlainText();
         const QRegularExpressionMatch match = QRegularExpression(u"\\bcat\\b"_s).match(text);
