@@ -96,9 +96,9 @@ void SectionPage::set_modified(bool modified)
         m_tab->editor->set_modified(modified);
 }
 
-bool SectionPage::is_blank() const
+bool SectionPage::is_blank()
 {
-    return m_tab ? m_tab->editor->text_edit->document()->isEmpty() : m_html.isEmpty();
+    return editor()->text_edit->document()->isEmpty();
 }
 
 bool SectionPage::event(QEvent *event)

@@ -34,7 +34,8 @@ public:
 
     bool is_modified() const;
     void set_modified(bool modified);
-    bool is_blank() const;
+    /// Loads the section if need be.
+    bool is_blank();
     /// Of the whole section, whatever is selected.
     my_classes::EditorCounts counts() const { return m_counts; }
 

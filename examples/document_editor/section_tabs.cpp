@@ -70,7 +70,6 @@ void SectionTabs::add_section(const Section &section)
 {
     SectionPage *page = append(section);
     setCurrentWidget(page);
-    page->load();
     if (!page->is_blank())
         page->set_modified(true); // as the editor gives it from now on, not as it came
     page->editor()->text_edit->setFocus();

@@ -138,8 +138,8 @@ void Window::show_counts()
     for (const SectionPage *page : pages)
         words += page->counts().words;
     const bool all = std::all_of(pages.begin(), pages.end(), std::mem_fn(&SectionPage::is_loaded));
-    const QString text =
-        all ? tr("Section: %1 words    Document: %2 words") : tr("Section: %1 words    Document: more than %2 words");
+    const QString text = all ? tr("Words: %1 in the section, %2 in the document")
+                             : tr("Words: %1 in the section, more than %2 in the document");
     const QLocale locale;
     m_counts->setText(text.arg(locale.toString(m_tabs->current_page()->counts().words), locale.toString(words)));
 }

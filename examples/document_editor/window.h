@@ -84,6 +84,7 @@ private:
     void new_section();
     void choose_files_to_open();
     void choose_files_to_import();
+    static Window *window_of(const QString &path);
     std::optional<Document> read(const QString &path);
     bool write_to(const QString &path);
     bool may_lose_changes();

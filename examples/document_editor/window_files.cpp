@@ -58,6 +58,10 @@ void Window::choose_files_to_open()
 
 void Window::open(const QString &path)
 {
+    if (Window *window = window_of(path)) {
+        window->activateWindow();
+        return;
+    }
     const QPointer<Window> here(this);
     try {
         const std::optional<Document> document = read(path);
@@ -74,6 +78,19 @@ void Window::open(const QString &path)
         if (here)
             complain(tr("“%1” cannot be opened.\n\n%2").arg(QFileInfo(path).fileName(), error.reason()));
     }
+}
+
+/// The window in which the document is open.
+Window *Window::window_of(const QString &path)
+{
+    const QFileInfo file(path);
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *widget : windows) {
+        auto *window = qobject_cast<Window *>(widget);
+        if (window && !window->m_path.isEmpty() && QFileInfo(window->m_path) == file)
+            return window;
+    }
+    return nullptr;
 }
 
 std::optional<Document> Window::read(const QString &path)
