@@ -72,7 +72,10 @@ start() {
     "$path" "${@:4}" >/dev/null 2>&1 &
     program=$!
     jobs_of_mine+=("$program")
-    until window=$(xdotool search --onlyvisible --pid "$program" 2>/dev/null | tail -1) && [[ $window ]]; do sleep 0.2; done
+    until window=$(xdotool search --onlyvisible --pid "$program" 2>/dev/null | tail -1) && [[ $window ]]; do
+        kill -0 "$program" || exit 1
+        sleep 0.2
+    done
     sleep 1
     xdotool windowsize --sync "$window" "$1" "$2"
     sleep 0.5
