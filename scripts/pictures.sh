@@ -250,7 +250,7 @@ UI
     stop
 }
 
-need build headless docs
+need build headless pictures
 cd "$repository"
 cmake --preset release >/dev/null
 cmake --build --preset release --target my_classes_program document_editor tabs_and_download my_classes_designer >/dev/null

@@ -10,7 +10,8 @@ headless_packages=(xvfb openbox xdotool xclip imagemagick) # an X server without
 test_packages=(hunspell-es openssl nginx-light libqt6opengl6-dev poppler-utils)
 ci_packages=(git clang clang-format clang-tidy clazy reuse python3 abigail-tools)
 packages_packages=(dpkg-dev lintian desktop-file-utils appstream man-db debootstrap)
-docs_packages=(doxygen graphviz qt6ct python3 designer-qt6)
+docs_packages=(doxygen graphviz)
+pictures_packages=(qt6ct designer-qt6 python3)
 bench_packages=(nginx-light curl python3)
 
 # What stands for the packages on a system that has other ones: commands and pkg-config modules.
@@ -21,6 +22,7 @@ test_commands=(openssl nginx pdftotext)
 ci_commands=(git clang++ clang-format clang-tidy clazy reuse python3 abidw)
 packages_commands=(dpkg-shlibdeps lintian desktop-file-validate appstreamcli man debootstrap)
 docs_commands=(doxygen dot)
+pictures_commands=(qt6ct python3)
 bench_commands=(nginx curl python3)
 
 as_root() {
@@ -31,7 +33,7 @@ as_root() {
     fi
 }
 
-# need GROUP...: installs what the groups (build, headless, test, ci, packages, docs, bench) lack. Quick when that is nothing.
+# need GROUP...: installs what the groups (build, headless, test, ci, packages, docs, pictures, bench) lack. Quick when that is nothing.
 need() {
     local group list missing=()
     if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
