@@ -196,6 +196,16 @@ void TstContent::html_is_the_same_at_any_zoom()
     editor.zoom_in();
     QCOMPARE(editor.get_html_content(), before);
     QVERIFY(!print({&editor}).file.isEmpty());
+
+    auto *other = new QTextDocument(u"text"_s, &editor); // of a host, which wants it back as it was
+    other->setDefaultFont(QFont(u"Courier"_s, 9));
+    const QString others = other->toHtml();
+    editor.text_edit->setDocument(other);
+    editor.zoom_in();
+    QCOMPARE(editor.get_html_content(), others);
+    QVERIFY(other->defaultFont().pointSizeF() > 10);
+    editor.text_edit->setDocument(new QTextDocument(&editor));
+    QCOMPARE(other->toHtml(), others);
 }
 
 void TstContent::loaded_text_follows_the_zoom()

@@ -201,6 +201,10 @@ void TstRandomOperations::editor_and_search()
         editor.set_html_content(content);
         saved = editor.get_text_content();
     };
+    const auto save = [&] {
+        editor.set_modified(false);
+        saved = editor.get_text_content();
+    };
     const auto compare = [&](const QString &after, const QString &what) {
         if (document()->firstBlock().textList()) // whose own character format, which items have, Qt does not undo
             return;
@@ -286,7 +290,8 @@ void TstRandomOperations::editor_and_search()
              [&] {
                  if (QTextTable *table = text->textCursor().currentTable()) {
                      table->mergeCells(0, 0, random.bounded(table->rows()) + 1, random.bounded(table->columns()) + 1);
-                     document()->clearUndoRedoStacks(); // Qt redoes it with other paragraphs
+                     document()->clearUndoRedoStacks(); // Qt redoes it with other paragraphs, and
+                     save();                            // takes the next undo for one to what was saved
                  }
              }},
             {"undo", [&] { text->undo(); }},
@@ -329,14 +334,10 @@ void TstRandomOperations::editor_and_search()
             {"close search", [&] { editor.search_dialog ? void(editor.search_dialog->close()) : void(); }},
             {"load", rarely([&] { load(any(html)); })},
             {"reload", [&] { load(editor.get_html_content()); }},
-            {"save",
-             [&] {
-                 editor.set_modified(false);
-                 saved = editor.get_text_content();
-             }},
+            {"save", save},
             {"swap document", rarely([&] {
                  auto *other = new QTextDocument(text);
-                 other->setDefaultFont(text->font());
+                 other->setDefaultFont(random.bounded(2) ? text->font() : QFont(u"Courier"_s, 9));
                  other->setPlainText(saved = any(words));
                  text->setDocument(other);
              })},

@@ -391,7 +391,11 @@ private:
     void zoom_by(int points);
     void show_zoom_percent(int percent);
     void load(const QString &content, void (QTextEdit::*as)(const QString &));
+    bool is_zoomed() const;
+    double zoom_scale() const;
+    void move_zoom(QTextDocument *from, QTextDocument *to);
     QFont unzoomed_font() const;
+    QFont unzoomed_font(const QTextDocument *document) const;
     void insert_list(QTextListFormat::Style style);
     void start_spelling(const QString &language);
     void enable_spelling();

@@ -155,6 +155,7 @@ void CustomTextEditor::follow_document()
     if (m_statistics->document() == document)
         return;
     const bool was_modified = is_modified();
+    move_zoom(m_statistics->document(), document);
     attach_to_document();
     highlighter->setMisspelled({}); // those of the other document
     highlighter->setDocument(document);

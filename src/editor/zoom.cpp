@@ -29,6 +29,14 @@ double visible_size(double size, qint64 steps)
     return std::max(size + static_cast<double>(steps), size - std::ceil(size) + 1);
 }
 
+/// `font` in another size; free of rounding, so that the way back leads to the same.
+QFont scaled(QFont font, double scale)
+{
+    if (font.pointSizeF() > 0)
+        font.setPointSizeF(std::round(font.pointSizeF() * scale * 1e6) / 1e6);
+    return font;
+}
+
 int whole(double points)
 {
     return qRound(std::min(points, 1e9));
@@ -88,8 +96,11 @@ void CustomTextEditor::wheel_event(QWheelEvent *event)
 
 void CustomTextEditor::zoom_by(int points)
 {
+    QTextDocument *document = text_edit->document();
+    const QFont documents_own = unzoomed_font(document);
+    const bool has_own = document->defaultFont() != text_edit->font(); // one that a host brought along
     QFont font = text_edit->font();
-    if (!qFuzzyCompare(font.pointSizeF(), m_zoomed_size)) { // the first step, or the host has set a font since
+    if (!is_zoomed()) { // the first step, or the host has set a font since
         m_unzoomed_font = font;
         m_zoom_steps = 0;
     }
@@ -104,13 +115,39 @@ void CustomTextEditor::zoom_by(int points)
     else if (change < 0)
         text_edit->zoomOut(whole(-change));
     m_zoomed_size = text_edit->font().pointSizeF();
+    if (has_own)
+        document->setDefaultFont(scaled(documents_own, zoom_scale()));
+}
+
+bool CustomTextEditor::is_zoomed() const
+{
+    return qFuzzyCompare(text_edit->font().pointSizeF(), m_zoomed_size);
+}
+
+double CustomTextEditor::zoom_scale() const
+{
+    return is_zoomed() ? m_zoomed_size / points_of(m_unzoomed_font) : 1;
+}
+
+/// The one before is left as it would be had it never been shown.
+void CustomTextEditor::move_zoom(QTextDocument *from, QTextDocument *to)
+{
+    if (from)
+        from->setDefaultFont(unzoomed_font(from));
+    if (const double scale = zoom_scale(); !qFuzzyCompare(scale, 1))
+        to->setDefaultFont(scaled(to->defaultFont(), scale));
 }
 
 QFont CustomTextEditor::unzoomed_font() const
 {
-    QFont font = text_edit->document()->defaultFont();
+    return unzoomed_font(text_edit->document());
+}
+
+QFont CustomTextEditor::unzoomed_font(const QTextDocument *document) const
+{
+    QFont font = document->defaultFont();
     if (!qFuzzyCompare(font.pointSizeF(), m_zoomed_size))
-        return font;
+        return scaled(font, 1 / zoom_scale());
     if (m_unzoomed_font.pixelSize() > 0)
         font.setPixelSize(m_unzoomed_font.pixelSize());
     else
