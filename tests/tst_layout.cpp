@@ -77,6 +77,7 @@ private Q_SLOTS:
     void equals_qt();
     void keeps_still_while_measuring();
     void keeps_the_top_text();
+    void moves_what_is_on_the_screen();
     void gives_way_to_tables();
     void gives_the_document_back();
     void draws_factors_as_line_heights();
@@ -172,6 +173,29 @@ void TestLayout::keeps_the_top_text()
         QCoreApplication::processEvents();
         QCOMPARE(top_paragraph(windows.ours()), paragraph);
     }
+}
+
+void TestLayout::moves_what_is_on_the_screen()
+{
+    Windows windows;
+    const int flash_time = QApplication::cursorFlashTime();
+    QApplication::setCursorFlashTime(0);
+    windows.editor.set_html_content(uneven_html(500));
+    QScrollBar *bar = windows.ours()->verticalScrollBar();
+    for (int i = 0; i < 60; ++i) {
+        bar->triggerAction(i % 3 ? QAbstractSlider::SliderSingleStepSub : QAbstractSlider::SliderSingleStepAdd);
+        if (i % 11 == 5)
+            bar->setValue(bar->maximum() * (i % 4) / 4);
+        if (i % 7 == 3)
+            windows.editor.resize(750 + i, 600);
+        QCoreApplication::processEvents();
+        const QRect place(windows.ours()->viewport()->mapTo(&windows.editor, QPoint()),
+                          windows.ours()->viewport()->size());
+        const QImage seen = windows.editor.screen()->grabWindow(windows.editor.winId()).toImage().copy(place);
+        const QImage whole = windows.editor.grab(place).toImage().convertToFormat(seen.format());
+        QVERIFY2(seen == whole, qPrintable(QString::number(i)));
+    }
+    QApplication::setCursorFlashTime(flash_time);
 }
 
 void TestLayout::gives_way_to_tables()

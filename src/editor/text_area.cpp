@@ -41,8 +41,8 @@ bool is_readable_in_full(const QString &path)
 TextArea::TextArea(CustomTextEditor *editor)
     : QTextEdit(editor)
     , m_editor(editor)
+    , m_still_view(new StillView(this)) // typing costs the same in a long text
 {
-    new StillView(this); // typing costs the same in a long text
     setStyleSheet(k_style);
     setViewportMargins(k_page_margin, k_page_margin, k_page_margin, k_page_margin);
     // Qt's line breaking can let an underlined word overshoot its line by a fraction of a pixel. That is nothing to
@@ -219,6 +219,11 @@ void TextArea::insertFromMimeData(const QMimeData *source)
         return;
     if (!acceptRichText() || !offers_pictures(source) || !insert_pictures(this, source))
         QTextEdit::insertFromMimeData(source);
+}
+
+void TextArea::scrollContentsBy(int dx, int)
+{
+    QTextEdit::scrollContentsBy(dx, m_still_view->take_distance());
 }
 
 void TextArea::wheelEvent(QWheelEvent *event)

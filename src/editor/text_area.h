@@ -8,6 +8,7 @@
 namespace my_classes {
 
 class CustomTextEditor;
+class StillView;
 
 /// The editor's text area: gives every wheel event to the editor first, moves in tables and list levels by Tab and
 /// Shift+Tab and leaves by Shift+Tab elsewhere, embeds pictures that are pasted or dropped, and opens no devices or
@@ -36,6 +37,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
 
 private:
     bool move_by_tab(int step);
@@ -46,6 +48,7 @@ private:
     QString local_path(const QUrl &name) const;
 
     CustomTextEditor *m_editor;
+    StillView *m_still_view;
     bool m_hides_overshoot = false;
 };
 

@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace my_classes {
 
@@ -146,6 +147,12 @@ void StillView::scroll_silently(int value)
     const QSignalBlocker quiet(bar);
     bar->setMaximum(std::max(bar->maximum(), value));
     bar->setValue(value);
+    m_shown = bar->value();
+}
+
+int StillView::take_distance()
+{
+    return std::exchange(m_shown, m_area->verticalScrollBar()->value()) - m_shown;
 }
 
 qreal StillView::line_top(int position) const

@@ -40,6 +40,9 @@ public:
     /// Whether lines end at a width in pixels.
     bool is_wrapping() const;
     void layout_replaced();
+    /// By how many pixels the window's content has to move, for QAbstractScrollArea::scrollContentsBy(): what that is
+    /// called with does not know of steps that were made silently.
+    int take_distance();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -71,6 +74,7 @@ private:
     QPointer<LayoutSwitch> m_switch;
     QPointer<DocumentLayout> m_layout;
     Anchor m_anchor;
+    int m_shown = 0;    // the scroll bar's value for what is on the screen
     Units m_fixed = -1; // what is above moves; -1: what is above the window
     Units m_rest = 0;   // of corrections, below a pixel
 };
