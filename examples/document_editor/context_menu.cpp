@@ -5,7 +5,6 @@
 
 #include <my_classes/custom_text_editor.h>
 
-#include <QtCore/QCoreApplication>
 #include <QtWidgets/QMenu>
 
 namespace document_editor {
@@ -15,11 +14,6 @@ using my_classes::CustomTextEditor;
 namespace {
 
 constexpr int k_most_suggestions = 7;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("document_editor::ContextMenu", text);
-}
 
 void add_suggestions(QMenu *menu, CustomTextEditor *editor, const QTextCursor &word)
 {
@@ -39,11 +33,11 @@ void add_suggestions(QMenu *menu, CustomTextEditor *editor, const QTextCursor &w
         QObject::connect(action, &QAction::triggered, editor, [=] { editor->replace_word(word, suggestion); });
     }
     if (suggestions.isEmpty())
-        add(tr("No suggestions"))->setEnabled(false);
+        add(QObject::tr("No suggestions"))->setEnabled(false);
     menu->insertSeparator(before);
-    QObject::connect(add(tr("&Add to Dictionary")), &QAction::triggered, editor,
+    QObject::connect(add(QObject::tr("&Add to Dictionary")), &QAction::triggered, editor,
                      [=] { editor->add_to_dictionary(misspelled); });
-    QObject::connect(add(tr("&Ignore in This Section")), &QAction::triggered, editor,
+    QObject::connect(add(QObject::tr("&Ignore in This Section")), &QAction::triggered, editor,
                      [=] { editor->ignore_word(misspelled); });
     menu->insertSeparator(before);
 }

@@ -3,7 +3,6 @@
 
 #include "document_file.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QRegularExpression>
 
@@ -39,11 +38,6 @@ const QByteArray k_end = "</body>\n</html>\n";
 const QByteArray k_checksum = "<!-- blake2b-256 ";
 const QByteArray k_checksum_end = " -->\n";
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("document_editor::DocumentFile", text);
-}
-
 /// On one line, and free of markup, whatever it is.
 QByteArray escaped(const QString &text)
 {
@@ -73,7 +67,7 @@ QByteArray section_bytes(const Section &section)
 
 [[noreturn]] void refuse_damaged()
 {
-    throw FileError(tr("The file is damaged: a part of it is missing or was changed by another program."));
+    throw FileError(QObject::tr("The file is damaged: a part of it is missing or was changed by another program."));
 }
 
 /// Walks through the bytes, which outlive it. What it does not find is damage, whatever the checksum says.
@@ -133,11 +127,11 @@ Section read_section(Reader &reader, QByteArrayView line)
 void check_version(const QByteArray &bytes)
 {
     if (!bytes.startsWith(k_magic))
-        throw ForeignFile(tr("The file is no document of this program."));
+        throw ForeignFile(QObject::tr("The file is no document of this program."));
     const qsizetype end = bytes.indexOf('"', k_magic.size());
     const int version = bytes.sliced(k_magic.size(), qMax<qsizetype>(0, end - k_magic.size())).toInt();
     if (version > k_version)
-        throw FileError(tr("The file was written by a newer version of this program."));
+        throw FileError(QObject::tr("The file was written by a newer version of this program."));
     if (version != k_version)
         refuse_damaged();
 }

@@ -26,11 +26,6 @@ namespace {
 constexpr int k_margin = 20;              // millimetres
 constexpr int k_characters_a_page = 2500; // about
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("document_editor::Exporter", text);
-}
-
 /// A PDF that tells of each page, and ends where it is stopped.
 class StoppablePdf : public QPdfWriter
 {
@@ -110,7 +105,7 @@ QByteArray odt_of(const QTextDocument &document)
     buffer.open(QIODevice::WriteOnly);
     QTextDocumentWriter writer(&buffer, "ODF");
     if (!writer.write(&document))
-        throw FileError(tr("The document cannot be written as ODT."));
+        throw FileError(QObject::tr("The document cannot be written as ODT."));
     return buffer.data();
 }
 
@@ -129,7 +124,7 @@ QByteArray text_of(const QTextDocument &document, const QString &suffix)
 
 QString export_filter()
 {
-    return tr("PDF (*.pdf);;OpenDocument text (*.odt);;HTML (*.html);;Markdown (*.md);;Plain text (*.txt)");
+    return QObject::tr("PDF (*.pdf);;OpenDocument text (*.odt);;HTML (*.html);;Markdown (*.md);;Plain text (*.txt)");
 }
 
 bool export_pages(const QList<SectionPage *> &pages, const QString &path, const QString &title,

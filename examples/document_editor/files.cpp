@@ -3,7 +3,6 @@
 
 #include "files.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
 #include <QtCore/QSaveFile>
 
@@ -13,11 +12,6 @@ namespace {
 
 constexpr qint64 k_largest_file = 1'000'000'000; // bytes
 constexpr qint64 k_step = 4'000'000;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("document_editor::Files", text);
-}
 
 /// In several calls, because only a call that writes nothing tells why.
 bool write_all(QIODevice &device, const QByteArray &bytes)
@@ -34,9 +28,9 @@ QByteArray read_file(const QString &path, const Progress &progress)
 {
     const QFileInfo info(path);
     if (info.exists() && !info.isFile()) // a pipe or device may have no end
-        throw FileError(tr("It is no file."));
+        throw FileError(QObject::tr("It is no file."));
     if (info.size() > k_largest_file)
-        throw FileError(tr("It is too large."));
+        throw FileError(QObject::tr("It is too large."));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw FileError(file.errorString());
@@ -54,7 +48,7 @@ QByteArray read_file(const QString &path, const Progress &progress)
 void write_file(const QString &path, const QByteArray &bytes)
 {
     if (bytes.size() > k_largest_file)
-        throw FileError(tr("It would be too large to be read again."));
+        throw FileError(QObject::tr("It would be too large to be read again."));
     QSaveFile file(path);
     // Unbuffered, because commit() overlooks what a buffer could not write, and puts an empty file in place.
     const auto mode = QIODevice::WriteOnly | QIODevice::Unbuffered;

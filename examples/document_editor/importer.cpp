@@ -5,7 +5,6 @@
 
 #include "files.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
 #include <QtCore/QMimeDatabase>
 #include <QtCore/QStringDecoder>
@@ -19,11 +18,6 @@ namespace document_editor {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("document_editor::Importer", text);
-}
 
 /// In the encoding that the text tells, UTF-8 if it is valid, else the one that never fails.
 QString decoded(const QByteArray &bytes, bool html)
@@ -102,7 +96,7 @@ QString html_of(const QByteArray &bytes, const QString &suffix, const QUrl &addr
 
 QString import_filter()
 {
-    return tr("Texts (*.html *.htm *.xhtml *.md *.markdown *.txt);;All files (*)");
+    return QObject::tr("Texts (*.html *.htm *.xhtml *.md *.markdown *.txt);;All files (*)");
 }
 
 Section import_section(const QString &path)
@@ -110,7 +104,7 @@ Section import_section(const QString &path)
     const QFileInfo file(path);
     const QByteArray bytes = read_file(path);
     if (bytes.left(10000).contains('\0') && !QStringConverter::encodingForData(bytes))
-        throw FileError(tr("It holds no text."));
+        throw FileError(QObject::tr("It holds no text."));
     return {file.completeBaseName(), {}, html_of(bytes, file.suffix().toLower(), QUrl::fromLocalFile(path))};
 }
 

@@ -5,7 +5,6 @@
 
 #include "progress_box.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QEventLoop>
 #include <QtCore/QFileInfo>
 #include <QtCore/QThread>
@@ -17,8 +16,7 @@ namespace document_editor {
 
 std::optional<Document> read_document(const QString &path, QWidget *parent)
 {
-    const QString text = QCoreApplication::translate("document_editor::Opener", "Opening %1");
-    ProgressBox box(text.arg(QFileInfo(path).fileName()), parent);
+    ProgressBox box(QObject::tr("Opening %1").arg(QFileInfo(path).fileName()), parent);
     std::atomic_bool stopped = false;
     std::optional<Document> document;
     std::exception_ptr error;

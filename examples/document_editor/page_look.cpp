@@ -26,23 +26,13 @@ constexpr int k_beside = 8;   // pixels between the page and the edge of a small
 constexpr int k_padding = 10; // pixels
 constexpr int k_around = 120; // pixels that are not text
 
-struct PaperColours
+/// And of what is written on it.
+std::pair<QColor, QColor> colours_of(Paper paper)
 {
-    QColor paper;
-    QColor ink;
-};
-
-PaperColours colours_of(Paper paper)
-{
-    switch (paper) {
-    case Paper::Light:
-        return {Qt::white, Qt::black};
-    case Paper::Dark:
-        return {QColor(0x20, 0x20, 0x20), QColor(0xe4, 0xe4, 0xe4)};
-    case Paper::System:
-        break;
-    }
-    return {QApplication::palette().color(QPalette::Base), QApplication::palette().color(QPalette::Text)};
+    if (paper == Paper::System)
+        return {QApplication::palette().color(QPalette::Base), QApplication::palette().color(QPalette::Text)};
+    return paper == Paper::Light ? std::pair<QColor, QColor>(Qt::white, Qt::black)
+                                 : std::pair(QColor(0x20, 0x20, 0x20), QColor(0xe4, 0xe4, 0xe4));
 }
 
 } // namespace
@@ -88,11 +78,11 @@ void PageLook::apply_width()
 
 void PageLook::apply_colours()
 {
-    const PaperColours colours = colours_of(Preferences::instance().paper());
+    const auto [paper, ink] = colours_of(Preferences::instance().paper());
     // By a style sheet, because the paper goes to the edge, under the margins.
     const QString style =
         u"QTextEdit { background-color: %1; color: %2; border: 1px solid palette(mid); padding: %3px; }"_s;
-    m_editor->text_edit->setStyleSheet(style.arg(colours.paper.name(), colours.ink.name(), QString::number(k_padding)));
+    m_editor->text_edit->setStyleSheet(style.arg(paper.name(), ink.name(), QString::number(k_padding)));
 }
 
 bool PageLook::eventFilter(QObject *watched, QEvent *event)

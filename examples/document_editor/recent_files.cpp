@@ -3,7 +3,6 @@
 
 #include "recent_files.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QSettings>
@@ -17,11 +16,6 @@ namespace {
 
 constexpr int k_longest = 10;
 const QString k_key = u"recent_files"_s;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("document_editor::RecentFiles", text);
-}
 
 } // namespace
 
@@ -45,9 +39,9 @@ void fill_recent_files(QMenu *menu, const std::function<void(const QString &)> &
         action->setToolTip(QDir::toNativeSeparators(path));
     }
     if (paths.isEmpty())
-        menu->addAction(tr("None"))->setEnabled(false);
+        menu->addAction(QObject::tr("None"))->setEnabled(false);
     menu->addSeparator();
-    menu->addAction(tr("&Clear"), menu, [] { QSettings().remove(k_key); })->setEnabled(!paths.isEmpty());
+    menu->addAction(QObject::tr("&Clear"), menu, [] { QSettings().remove(k_key); })->setEnabled(!paths.isEmpty());
 }
 
 } // namespace document_editor

@@ -16,11 +16,6 @@ namespace document_editor {
 
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("document_editor::RecoveryQuestion", text);
-}
-
 QString name_of(const Document &document)
 {
     if (!document.origin.isEmpty())
@@ -32,11 +27,11 @@ enum class Answer { Recover, Discard, Later };
 
 Answer ask(const QString &text)
 {
-    QMessageBox box(QMessageBox::Question, tr("Recovery"), text);
+    QMessageBox box(QMessageBox::Question, QObject::tr("Recovery"), text);
     box.setTextFormat(Qt::PlainText);
-    QPushButton *recover = box.addButton(tr("&Recover"), QMessageBox::AcceptRole);
-    QPushButton *discard = box.addButton(tr("&Discard"), QMessageBox::DestructiveRole);
-    QPushButton *later = box.addButton(tr("&Later"), QMessageBox::RejectRole);
+    QPushButton *recover = box.addButton(QObject::tr("&Recover"), QMessageBox::AcceptRole);
+    QPushButton *discard = box.addButton(QObject::tr("&Discard"), QMessageBox::DestructiveRole);
+    QPushButton *later = box.addButton(QObject::tr("&Later"), QMessageBox::RejectRole);
     box.setDefaultButton(recover);
     box.setEscapeButton(later);
     box.exec();
@@ -54,8 +49,9 @@ bool offer(std::unique_ptr<RecoveryFile> file)
         if (!document)
             return false;
         const QString time = QLocale().toString(QFileInfo(path).lastModified(), QLocale::ShortFormat);
-        const Answer answer = ask(tr("“%1” was not saved when the program ended. There is a copy of %2. Recover it?")
-                                      .arg(name_of(*document), time));
+        const Answer answer =
+            ask(QObject::tr("“%1” was not saved when the program ended. There is a copy of %2. Recover it?")
+                    .arg(name_of(*document), time));
         if (answer == Answer::Discard)
             file->remove();
         if (answer != Answer::Recover)
@@ -65,8 +61,8 @@ bool offer(std::unique_ptr<RecoveryFile> file)
         window->show();
         return true;
     } catch (const FileError &error) {
-        QMessageBox::warning(nullptr, tr("Recovery"),
-                             tr("The copy “%1” is of no use.\n\n%2").arg(path, error.reason()));
+        QMessageBox::warning(nullptr, QObject::tr("Recovery"),
+                             QObject::tr("The copy “%1” is of no use.\n\n%2").arg(path, error.reason()));
         return false;
     }
 }
