@@ -8,7 +8,6 @@
 #include <QtCore/QPointer>
 #include <QtGui/QShortcut>
 #include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMainWindow>
@@ -29,7 +28,6 @@ private Q_SLOTS:
     void init();
     void cleanup() { m_window.reset(); }
 
-    void rename_data();
     void rename();
     void leaving_the_field();
     void second_field_and_a_deleted_tab();
@@ -74,42 +72,37 @@ void TstTabs::init()
     test_support::show_active(*m_window);
 }
 
-void TstTabs::rename_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("error"); // empty: the field closes
-    QTest::newRow("trimmed, other case") << u"  notas \r"_s << u"notas"_s << QString();
-    QTest::newRow("its own title") << u"Intro\r"_s << u"Intro"_s << QString();
-    QTest::newRow("Escape") << u"Uno\x1b"_s << u"Intro"_s << QString();
-    QTest::newRow("blanks") << u"   \r"_s << u"Intro"_s << u"El título de la pestaña no puede estar vacío."_s;
-    QTest::newRow("taken") << u"Notas\r"_s << u"Intro"_s
-                           << u"El título de la pestaña ya existe. Por favor, elige otro título."_s;
-}
-
 void TstTabs::rename()
 {
-    QFETCH(QString, typed);
-    QFETCH(QString, error);
-    QTest::mouseClick(m_tabs->tabBar(), Qt::LeftButton, {}, title(1));
-    m_tabs->tabBar()->setFocus();
-    QTest::keyClick(m_tabs->tabBar(), Qt::Key_F2);
-    QPointer<QLineEdit> field(m_tabs->line_edit);
-    QVERIFY(field && field->hasFocus());
-    QTest::keyClicks(field, typed); // over the selected title
-    QTEST(m_tabs->tabText(1), "title");
-    QCOMPARE(m_window->statusBar()->currentMessage(), error);
-    if (!error.isEmpty()) {
-        QCOMPARE(field->accessibleDescription(), error);
-        QVERIFY(m_tabs->line_edit == field && field->hasFocus());
-        field->selectAll();
-        QTest::keyClicks(field, u"Libre\r"_s);
-        QCOMPARE(m_tabs->tabText(1), u"Libre");
-        QCOMPARE(m_window->statusBar()->currentMessage(), QString());
+    const std::tuple<QString, QString, QString> rows[] = {
+        // What is typed, the title then, and the error that keeps the field open.
+        {u"  notas \r"_s, u"notas"_s, {}}, // trimmed; another case is another title
+        {u"Intro\r"_s, u"Intro"_s, {}},
+        {u"Uno\x1b"_s, u"Intro"_s, {}},
+        {u"   \r"_s, u"Intro"_s, u"El título de la pestaña no puede estar vacío."_s},
+        {u"Notas\r"_s, u"Intro"_s, u"El título de la pestaña ya existe. Por favor, elige otro título."_s}};
+    for (const auto &[typed, title_then, error] : rows) {
+        init();
+        QTest::mouseClick(m_tabs->tabBar(), Qt::LeftButton, {}, title(1));
+        m_tabs->tabBar()->setFocus();
+        QTest::keyClick(m_tabs->tabBar(), Qt::Key_F2);
+        QPointer<QLineEdit> field(m_tabs->line_edit);
+        QVERIFY(field && field->hasFocus());
+        QTest::keyClicks(field, typed); // over the selected title
+        QCOMPARE(m_tabs->tabText(1), title_then);
+        QCOMPARE(m_window->statusBar()->currentMessage(), error);
+        if (!error.isEmpty()) {
+            QCOMPARE(field->accessibleDescription(), error);
+            QVERIFY(m_tabs->line_edit == field && field->hasFocus());
+            field->selectAll();
+            QTest::keyClicks(field, u"Libre\r"_s);
+            QCOMPARE(m_tabs->tabText(1), u"Libre");
+            QCOMPARE(m_window->statusBar()->currentMessage(), QString());
+        }
+        QVERIFY(!m_tabs->line_edit);
+        QTRY_VERIFY(!field);
+        QVERIFY(m_tabs->tabBar()->hasFocus());
     }
-    QVERIFY(!m_tabs->line_edit);
-    QTRY_VERIFY(!field);
-    QVERIFY(m_tabs->tabBar()->hasFocus());
 }
 
 void TstTabs::leaving_the_field()
