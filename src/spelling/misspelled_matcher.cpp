@@ -49,11 +49,13 @@ Run run_at(QStringView text, qsizetype position)
     return {position, hash ^ (hash >> 16)};
 }
 
-/// Whether `word`, taken as a pattern, matches itself and nothing else.
-bool is_literal(const QString &word)
+/// Whether `word`, taken as a pattern, matches itself and nothing else, and begins with a word character.
+bool is_plain(const QString &word)
 {
     constexpr QStringView metacharacters = u"\\^$.[|()?*+{";
-    return std::none_of(word.begin(), word.end(), [&](QChar c) { return metacharacters.contains(c); });
+    return is_word_character_at(word, 0) && word.isValidUtf16() && std::none_of(word.begin(), word.end(), [&](QChar c) {
+               return !is_word_character(c.unicode()) && metacharacters.contains(c);
+           });
 }
 
 QList<MisspelledMatcher::Range> merged(QList<MisspelledMatcher::Range> ranges)
@@ -72,40 +74,60 @@ QList<MisspelledMatcher::Range> merged(QList<MisspelledMatcher::Range> ranges)
 
 } // namespace
 
+/// Shares the words, most of which are plain.
 MisspelledMatcher::MisspelledMatcher(const QSet<QString> &words)
+    : m_words(words)
 {
-    for (const QString &word : words)
-        add(word);
+    for (const QString &word : words) {
+        if (is_plain(word)) {
+            note_compound(word);
+        } else {
+            m_words.remove(word);
+            add_pattern(word);
+        }
+    }
+    note_beginnings();
 }
 
 void MisspelledMatcher::add(const QString &word)
 {
-    if (is_word_character_at(word, 0) && is_literal(word) && word.isValidUtf16()) {
-        m_words.insert(word);
-        const Run first = run_at(word, 0);
-        note_beginning(first.hash);
-        if (first.end < word.size())
-            m_compound_lengths[word.left(first.end)].insert(word.size());
+    if (!is_plain(word)) {
+        add_pattern(word);
         return;
     }
+    m_words.insert(word);
+    note_compound(word);
+    if (m_words.size() * k_beginnings_per_word > static_cast<qsizetype>(m_beginnings.size()))
+        note_beginnings();
+    else
+        m_beginnings[run_at(word, 0).hash & (m_beginnings.size() - 1)] = true;
+}
+
+void MisspelledMatcher::add_pattern(const QString &word)
+{
     QRegularExpression pattern(u"\\b"_s + word + u"\\b"_s, QRegularExpression::UseUnicodePropertiesOption);
     if (pattern.isValid())
         m_patterns.push_back(pattern);
 }
 
-void MisspelledMatcher::note_beginning(quint32 hash)
+void MisspelledMatcher::note_compound(const QString &word)
 {
-    if (m_words.size() * k_beginnings_per_word > static_cast<qsizetype>(m_beginnings.size())) {
-        m_beginnings.assign(qNextPowerOfTwo(static_cast<quint64>(2 * m_words.size() * k_beginnings_per_word)), false);
-        for (const QString &word : std::as_const(m_words))
-            m_beginnings[run_at(word, 0).hash & (m_beginnings.size() - 1)] = true;
-    }
-    m_beginnings[hash & (m_beginnings.size() - 1)] = true;
+    const qsizetype first_end = run_at(word, 0).end;
+    if (first_end < word.size())
+        m_compound_lengths[word.left(first_end)].insert(word.size());
+}
+
+void MisspelledMatcher::note_beginnings()
+{
+    const auto places = static_cast<quint64>(2 * m_words.size() * k_beginnings_per_word);
+    m_beginnings.assign(qNextPowerOfTwo(places), false);
+    for (const QString &word : std::as_const(m_words))
+        m_beginnings[run_at(word, 0).hash & (m_beginnings.size() - 1)] = true;
 }
 
 bool MisspelledMatcher::may_begin_a_word(quint32 hash) const
 {
-    return !m_beginnings.empty() && m_beginnings[hash & (m_beginnings.size() - 1)];
+    return m_beginnings[hash & (m_beginnings.size() - 1)];
 }
 
 QList<MisspelledMatcher::Range> MisspelledMatcher::ranges(const QString &text) const

@@ -37,7 +37,9 @@ public:
     bool is_empty() const { return m_words.isEmpty() && m_patterns.empty(); }
 
 private:
-    void note_beginning(quint32 hash);
+    void add_pattern(const QString &word);
+    void note_compound(const QString &word);
+    void note_beginnings();
     bool may_begin_a_word(quint32 hash) const;
     void add_compound_matches(const QString &text, const QString &first_run, int start, QHash<QString, int> *free_from,
                               QList<Range> *found) const;
