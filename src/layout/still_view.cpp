@@ -152,7 +152,8 @@ void StillView::scroll_silently(int value)
 
 int StillView::take_distance()
 {
-    return std::exchange(m_shown, m_area->verticalScrollBar()->value()) - m_shown;
+    const int before = std::exchange(m_shown, m_area->verticalScrollBar()->value());
+    return before - m_shown;
 }
 
 qreal StillView::line_top(int position) const
