@@ -142,6 +142,8 @@ void DocumentLayout::prepare_between(qreal top, qreal bottom)
         if (top_of(index + 1) >= to_units(bottom) + m_overhang)
             break;
     }
+    if (m_heights.cached_count() > k_many_cached && !m_measuring.isActive())
+        m_measuring.start(k_quiet);
 }
 
 void DocumentLayout::note_cached(int index, bool cached)
