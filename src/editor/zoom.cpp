@@ -29,11 +29,10 @@ double visible_size(double size, qint64 steps)
     return std::max(size + static_cast<double>(steps), size - std::ceil(size) + 1);
 }
 
-/// `font` in another size; free of rounding, so that the way back leads to the same.
-QFont scaled(QFont font, double scale)
+QFont with_size(QFont font, double points)
 {
-    if (font.pointSizeF() > 0)
-        font.setPointSizeF(std::round(font.pointSizeF() * scale * 1e6) / 1e6);
+    if (points > 0) // not for fonts in pixels
+        font.setPointSizeF(points);
     return font;
 }
 
@@ -116,7 +115,7 @@ void CustomTextEditor::zoom_by(int points)
         text_edit->zoomOut(whole(-change));
     m_zoomed_size = text_edit->font().pointSizeF();
     if (has_own)
-        document->setDefaultFont(scaled(documents_own, zoom_scale()));
+        document->setDefaultFont(with_size(documents_own, documents_own.pointSizeF() * zoom_scale()));
 }
 
 bool CustomTextEditor::is_zoomed() const
@@ -135,7 +134,7 @@ void CustomTextEditor::move_zoom(QTextDocument *from, QTextDocument *to)
     if (from)
         from->setDefaultFont(unzoomed_font(from));
     if (const double scale = zoom_scale(); !qFuzzyCompare(scale, 1))
-        to->setDefaultFont(scaled(to->defaultFont(), scale));
+        to->setDefaultFont(with_size(to->defaultFont(), to->defaultFont().pointSizeF() * scale));
 }
 
 QFont CustomTextEditor::unzoomed_font() const
@@ -147,7 +146,7 @@ QFont CustomTextEditor::unzoomed_font(const QTextDocument *document) const
 {
     QFont font = document->defaultFont();
     if (!qFuzzyCompare(font.pointSizeF(), m_zoomed_size))
-        return scaled(font, 1 / zoom_scale());
+        return with_size(font, std::round(font.pointSizeF() / zoom_scale() * 1e4) / 1e4); // as it was, without noise
     if (m_unzoomed_font.pixelSize() > 0)
         font.setPixelSize(m_unzoomed_font.pixelSize());
     else
