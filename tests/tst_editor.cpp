@@ -251,6 +251,11 @@ void TstEditor::formatting_merges_and_clears()
     const QTextTable *table = text_edit->textCursor().currentTable();
     for (const auto &[row, column, weight] : {std::tuple(0, 0, 400), std::tuple(0, 1, 400), std::tuple(1, 0, 700)})
         QCOMPARE(format_at(table->cellAt(row, column).firstPosition()).fontWeight(), weight);
+    editor.set_html_content(u"<table><tr><td colspan=2>a</td></tr><tr><td>b</td><td>c</td></tr></table>"_s);
+    const QString wide = text_edit->toHtml();
+    text_edit->selectAll();
+    editor.clear_formatting();
+    QCOMPARE(text_edit->toHtml(), wide);
 }
 
 void TstEditor::insertions_are_one_step()

@@ -55,7 +55,8 @@ QList<std::pair<int, int>> selected_ranges(const QTextCursor &cursor)
     return ranges;
 }
 
-/// Positions between `start` and `end` of images and other objects, which are characters with a format.
+/// Positions between `start` and `end` of images, of other objects and of the borders of cells, which are characters
+/// with a format.
 QList<int> object_positions(const QTextDocument *document, int start, int end)
 {
     QList<int> positions;
@@ -68,6 +69,10 @@ QList<int> object_positions(const QTextDocument *document, int start, int end)
             if (position >= start && position < end)
                 positions.append(position);
         }
+        const int last = block.position() + block.length() - 1;
+        const QChar separator = document->characterAt(last);
+        if (last >= start && last < end && (separator == QChar(0xfdd0) || separator == QChar(0xfdd1)))
+            positions.append(last);
     }
     return positions;
 }
@@ -203,7 +208,7 @@ void CustomTextEditor::clear_formatting()
     for (const auto &[start, end] : ranges) {
         int from = start;
         const QList<int> objects = object_positions(text_edit->document(), start, end);
-        for (const int object : objects) { // an image is lost with its format
+        for (const int object : objects) { // an image is lost with its format, a wide cell its width
             set_format(cursor, from, object, plain);
             from = object + 1;
         }
