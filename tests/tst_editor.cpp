@@ -38,6 +38,16 @@ QAbstractButton *button(const CustomTextEditor &editor, const QString &text)
     return test_support::with_text<QAbstractButton>(editor, text);
 }
 
+struct LayoutCounter : QObject
+{
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::LayoutRequest;
+        return false;
+    }
+    int count = 0;
+};
+
 } // namespace
 
 class TstEditor : public QObject
@@ -55,6 +65,7 @@ private Q_SLOTS:
     void insertions_are_one_step();
     void pasting_plain_text();
     void writing_area_has_the_colour_of_the_window();
+    void typing_lays_no_window_out();
     void text_has_the_focus_unless_given_away();
     void bad_input();
     void prints_to_a_file();
@@ -355,6 +366,25 @@ void TstEditor::writing_area_has_the_colour_of_the_window()
     }
     qApp->setStyleSheet(QString());
     QApplication::setPalette(before);
+}
+
+void TstEditor::typing_lays_no_window_out()
+{
+    QTabWidget tabs;
+    auto *tab = new my_classes::CustomTab;
+    tabs.addTab(tab, u"Tab"_s);
+    tabs.resize(800, 600);
+    show_active(tabs);
+    QTest::keyClicks(tab->editor->text_edit, u"one wo"_s);
+    QTest::qWait(50); // for what comes late
+    LayoutCounter counter;
+    tabs.installEventFilter(&counter);
+    tab->installEventFilter(&counter);
+    for (const char letter : {'r', 'd', 's'}) {
+        QTest::keyClick(tab->editor->text_edit, letter);
+        QCoreApplication::processEvents();
+    }
+    QCOMPARE(counter.count, 0);
 }
 
 void TstEditor::text_has_the_focus_unless_given_away()

@@ -3,8 +3,8 @@
 
 #include "section_page.h"
 
-#include <QtCore/QEvent>
 #include <QtGui/QTextDocument>
+#include <QtWidgets/QVBoxLayout>
 
 namespace document_editor {
 
@@ -27,6 +27,8 @@ SectionPage::SectionPage(const Section &section)
     : m_html(section.html)
     , m_language(section.language)
 {
+    auto *whole = new QVBoxLayout(this);
+    whole->setContentsMargins({});
 }
 
 void SectionPage::load()
@@ -43,9 +45,8 @@ void SectionPage::load()
     connect(m_tab->editor, &CustomTextEditor::modified_changed, this, &SectionPage::modified_changed);
     connect(m_tab->editor, &CustomTextEditor::counts_changed, this, &SectionPage::take_counts);
     Q_EMIT loaded(this);
-    m_tab->setParent(this);
-    m_tab->resize(size());
-    m_tab->show(); // the page may be visible already
+    layout()->addWidget(m_tab);
+    m_tab->show(); // at once, where the page is visible already
     setFocusProxy(m_tab);
     Q_EMIT counts_changed();
 }
@@ -101,19 +102,10 @@ bool SectionPage::is_blank()
     return editor()->text_edit->document()->isEmpty();
 }
 
-bool SectionPage::event(QEvent *event)
+void SectionPage::showEvent(QShowEvent *event)
 {
-    if (event->type() == QEvent::Show)
-        load();
-    // In place of a layout, which would pass on to the window, for all of it to be painted again, that the line of
-    // statistics has another text: at every key.
-    if (event->type() == QEvent::Resize && m_tab)
-        m_tab->resize(size());
-    if (event->type() == QEvent::LayoutRequest && m_minimum != minimumSizeHint()) {
-        m_minimum = minimumSizeHint();
-        updateGeometry();
-    }
-    return QWidget::event(event);
+    load();
+    QWidget::showEvent(event);
 }
 
 void SectionPage::take_counts(const EditorCounts &counts)

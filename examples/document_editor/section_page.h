@@ -39,9 +39,6 @@ public:
     /// Of the whole section, whatever is selected.
     my_classes::EditorCounts counts() const { return m_counts; }
 
-    QSize sizeHint() const override { return m_tab ? m_tab->sizeHint() : QSize(); }
-    QSize minimumSizeHint() const override { return m_tab ? m_tab->minimumSizeHint() : QSize(); }
-
 Q_SIGNALS:
     void loaded(document_editor::SectionPage *page);
     void text_changed();
@@ -50,7 +47,7 @@ Q_SIGNALS:
     void language_changed();
 
 protected:
-    bool event(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     void take_counts(const my_classes::EditorCounts &counts);
@@ -60,7 +57,6 @@ private:
     QString m_html;
     QString m_language;
     int m_revision = -1; // of the text document, at the last snapshot
-    QSize m_minimum;     // that was told last
     my_classes::EditorCounts m_counts;
 };
 

@@ -139,7 +139,7 @@ void CustomTextEditor::create_status_row(QBoxLayout *column)
     zoom_label = new QLabel(u"100%"_s);
 
     auto *row = new QHBoxLayout;
-    row->addWidget(word_count_label, 1);
+    row->addWidget(new StatusPlace(static_cast<StatusLabel *>(word_count_label)), 1);
     row->addItem(new QSpacerItem(20, 20, QSizePolicy::Expanding, QSizePolicy::Minimum));
     row->addWidget(create_read_only_label());
     row->addWidget(zoom_out_button);

@@ -8,6 +8,8 @@
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QToolTip>
 
+#include <utility>
+
 namespace my_classes {
 
 StatusLabel::StatusLabel(QWidget *parent)
@@ -45,6 +47,22 @@ void StatusLabel::paintEvent(QPaintEvent *)
     painter.drawText(contentsRect(),
                      QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine,
                      shown);
+}
+
+StatusPlace::StatusPlace(StatusLabel *label)
+    : m_label(label)
+{
+    label->setParent(this);
+    setSizePolicy(label->sizePolicy());
+}
+
+bool StatusPlace::event(QEvent *event)
+{
+    if (event->type() == QEvent::Resize)
+        m_label->resize(size());
+    if (event->type() == QEvent::LayoutRequest && std::exchange(m_told, sizeHint()) != sizeHint())
+        updateGeometry();
+    return QWidget::event(event);
 }
 
 } // namespace my_classes
