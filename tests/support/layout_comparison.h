@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QtCore/QDebug>
 #include <QtCore/QDir>
 #include <QtCore/QRandomGenerator>
 #include <QtGui/QAbstractTextDocumentLayout>
@@ -13,7 +14,9 @@
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QTextEdit>
 
-#include <iterator>
+#include <functional>
+#include <tuple>
+#include <utility>
 
 namespace test_support {
 
@@ -52,22 +55,19 @@ public:
 
     int below(int bound) { return bound < 1 ? 0 : static_cast<int>(m_random.bounded(bound)); }
 
+    template<typename T, std::size_t Size>
+    const T &any(const T (&list)[Size])
+    {
+        return list[below(static_cast<int>(Size))];
+    }
+
     QString words(int count)
     {
-        static const QStringList some{QStringLiteral("a"),
-                                      QStringLiteral("word"),
-                                      QStringLiteral("paragraphs"),
-                                      QStringLiteral("fi\u0301nd"),
-                                      QStringLiteral("\u05e9\u05dc\u05d5\u05dd"),
-                                      QStringLiteral("\u0645\u0631\u062d\u0628\u0627"),
-                                      QStringLiteral("\t"),
-                                      QStringLiteral("\u4f60\u597d\u4e16\u754c"),
-                                      QStringLiteral("incomprehensibilities-and-more"),
-                                      QStringLiteral("\u2028"),
-                                      QStringLiteral("soft\u00adhyphen"),
-                                      QStringLiteral("\U0001F600"),
-                                      QStringLiteral("12.5"),
-                                      QStringLiteral("(x)")};
+        static const QStringList some =
+            QStringLiteral("a|word|paragraphs|fi\u0301nd|\u05e9\u05dc\u05d5\u05dd|\u0645\u0631\u062d\u0628\u0627|\t|"
+                           "\u4f60\u597d\u4e16\u754c|incomprehensibilities-and-more|\u2028|soft\u00adhyphen|\U0001F600|"
+                           "12.5|(x)")
+                .split(u'|');
         QStringList text;
         for (int i = 0; i < count; ++i)
             text += some.at(below(static_cast<int>(some.size())));
@@ -76,97 +76,58 @@ public:
 
     QTextBlockFormat block_format()
     {
+        static const Qt::Alignment alignments[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter, Qt::AlignJustify,
+                                                   Qt::AlignRight | Qt::AlignAbsolute};
+        static const std::pair<qreal, int> line_heights[] = {
+            {0, QTextBlockFormat::SingleHeight},        {150, QTextBlockFormat::ProportionalHeight},
+            {83, QTextBlockFormat::ProportionalHeight}, {31.3, QTextBlockFormat::FixedHeight},
+            {9, QTextBlockFormat::FixedHeight},         {33, QTextBlockFormat::MinimumHeight},
+            {7.4, QTextBlockFormat::LineDistanceHeight}};
         QTextBlockFormat format;
-        switch (below(12)) {
-        case 0: {
-            static const Qt::Alignment all[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter, Qt::AlignJustify,
-                                                Qt::AlignRight | Qt::AlignAbsolute};
-            format.setAlignment(all[below(static_cast<int>(std::size(all)))]);
-            break;
-        }
-        case 1:
-            format.setIndent(below(4));
-            break;
-        case 2:
-            format.setTopMargin(below(60) / 3.0);
-            break;
-        case 3:
-            format.setBottomMargin(below(60) / 3.0);
-            break;
-        case 4:
-            format.setLeftMargin(below(90) / 2.0);
-            break;
-        case 5:
-            format.setRightMargin(below(90) / 2.0);
-            break;
-        case 6:
-            format.setTextIndent(below(120) / 2.0 - 10);
-            break;
-        case 7:
-            format.setBackground(below(2) ? QBrush(Qt::yellow) : QBrush(Qt::cyan, Qt::Dense5Pattern));
-            break;
-        case 8:
-            format.setLayoutDirection(below(2) ? Qt::RightToLeft : Qt::LayoutDirectionAuto);
-            break;
-        case 9:
-            format.setNonBreakableLines(below(2));
-            break;
-        case 10:
-            format.setTabPositions({QTextOption::Tab(50 + below(100), QTextOption::RightTab),
-                                    QTextOption::Tab(300, QTextOption::CenterTab)});
-            break;
-        default: {
-            static const std::pair<qreal, int> all[] = {
-                {0, QTextBlockFormat::SingleHeight},        {150, QTextBlockFormat::ProportionalHeight},
-                {83, QTextBlockFormat::ProportionalHeight}, {31.3, QTextBlockFormat::FixedHeight},
-                {9, QTextBlockFormat::FixedHeight},         {33, QTextBlockFormat::MinimumHeight},
-                {7.4, QTextBlockFormat::LineDistanceHeight}};
-            const auto [height, type] = all[below(static_cast<int>(std::size(all)))];
-            format.setLineHeight(height, type);
-        }
-        }
+        const std::function<void()> changes[] = {
+            [&] { format.setAlignment(any(alignments)); },
+            [&] { format.setIndent(below(4)); },
+            [&] { format.setTopMargin(below(60) / 3.0); },
+            [&] { format.setBottomMargin(below(60) / 3.0); },
+            [&] { format.setLeftMargin(below(90) / 2.0); },
+            [&] { format.setRightMargin(below(90) / 2.0); },
+            [&] { format.setTextIndent(below(120) / 2.0 - 10); },
+            [&] { format.setBackground(below(2) ? QBrush(Qt::yellow) : QBrush(Qt::cyan, Qt::Dense5Pattern)); },
+            [&] { format.setLayoutDirection(below(2) ? Qt::RightToLeft : Qt::LayoutDirectionAuto); },
+            [&] { format.setNonBreakableLines(below(2)); },
+            [&] {
+                format.setTabPositions({QTextOption::Tab(50 + below(100), QTextOption::RightTab),
+                                        QTextOption::Tab(300, QTextOption::CenterTab)});
+            },
+            [&] { std::apply([&](qreal height, int type) { format.setLineHeight(height, type); }, any(line_heights)); },
+        };
+        any(changes)();
         return format;
     }
 
     QTextCharFormat char_format()
     {
         QTextCharFormat format;
-        switch (below(11)) {
-        case 0:
-            format.setFontPointSize(6 + below(60) / 2.0);
-            break;
-        case 1:
-            format.setFontWeight(QFont::Bold);
-            break;
-        case 2:
-            format.setFontItalic(true);
-            break;
-        case 3:
-            format.setFontUnderline(true);
-            break;
-        case 4:
-            format.setFontFamilies({QStringLiteral("Liberation Mono")});
-            break;
-        case 5:
-            format.setForeground(Qt::blue);
-            break;
-        case 6:
-            format.setBackground(Qt::green);
-            break;
-        case 7:
-            format.setVerticalAlignment(below(2) ? QTextCharFormat::AlignSuperScript : QTextCharFormat::AlignSubScript);
-            break;
-        case 8:
-            format.setFontLetterSpacing(100 + below(60));
-            break;
-        case 9:
-            format.setFontStrikeOut(true);
-            break;
-        default:
-            format.setAnchor(true);
-            format.setAnchorHref(QStringLiteral("x"));
-            break;
-        }
+        const std::function<void()> changes[] = {
+            [&] { format.setFontPointSize(6 + below(60) / 2.0); },
+            [&] { format.setFontWeight(QFont::Bold); },
+            [&] { format.setFontItalic(true); },
+            [&] { format.setFontUnderline(true); },
+            [&] { format.setFontFamilies({QStringLiteral("Liberation Mono")}); },
+            [&] { format.setForeground(Qt::blue); },
+            [&] { format.setBackground(Qt::green); },
+            [&] {
+                format.setVerticalAlignment(below(2) ? QTextCharFormat::AlignSuperScript
+                                                     : QTextCharFormat::AlignSubScript);
+            },
+            [&] { format.setFontLetterSpacing(100 + below(60)); },
+            [&] { format.setFontStrikeOut(true); },
+            [&] {
+                format.setAnchor(true);
+                format.setAnchorHref(QStringLiteral("x"));
+            },
+        };
+        any(changes)();
         return format;
     }
 
@@ -189,7 +150,7 @@ public:
         static const QTextListFormat::Style styles[] = {
             QTextListFormat::ListDisc,    QTextListFormat::ListCircle,     QTextListFormat::ListSquare,
             QTextListFormat::ListDecimal, QTextListFormat::ListLowerRoman, QTextListFormat::ListUpperAlpha};
-        const QTextListFormat::Style style = styles[below(static_cast<int>(std::size(styles)))];
+        const QTextListFormat::Style style = any(styles);
         const int level = below(3);
         QTextCharFormat object;
         object.setObjectType(QTextFormat::UserObject + 1);
@@ -311,16 +272,15 @@ public:
             const QRectF ours = layout(m_ours)->blockBoundingRect(a);
             const QRectF qt = layout(m_qt)->blockBoundingRect(b);
             if (ours != qt)
-                return at(a) + text(ours) + text(qt);
+                return told(at(a), ours, qt);
             if (a.layout()->lineCount() != b.layout()->lineCount())
-                return at(a) + QStringLiteral("lines %1 %2").arg(a.layout()->lineCount()).arg(b.layout()->lineCount());
+                return told(at(a), "lines", a.layout()->lineCount(), b.layout()->lineCount());
             for (int i = 0; i < a.layout()->lineCount(); ++i) {
                 const QTextLine x = a.layout()->lineAt(i);
                 const QTextLine y = b.layout()->lineAt(i);
                 if (x.rect() != y.rect() || x.naturalTextRect() != y.naturalTextRect() ||
                     x.textStart() != y.textStart() || x.textLength() != y.textLength())
-                    return at(a) + QStringLiteral("line %1: ").arg(i) + text(x.rect()) + text(y.rect()) +
-                           text(x.naturalTextRect()) + text(y.naturalTextRect());
+                    return told(at(a), "line", i, x.rect(), y.rect(), x.naturalTextRect(), y.naturalTextRect());
             }
             ++m_checks;
         }
@@ -328,12 +288,7 @@ public:
             return QStringLiteral("paragraphs");
         const QSizeF ours = layout(m_ours)->documentSize();
         const QSizeF qt = layout(m_qt)->documentSize();
-        return ours == qt ? QString()
-                          : QStringLiteral("size %1x%2 %3x%4")
-                                .arg(ours.width())
-                                .arg(ours.height())
-                                .arg(qt.width())
-                                .arg(qt.height());
+        return ours == qt ? QString() : told("size", ours, qt);
     }
 
     QString hits()
@@ -348,12 +303,7 @@ public:
                 const int ours = layout(m_ours)->hitTest(point, accuracy);
                 const int qt = layout(m_qt)->hitTest(point, accuracy);
                 if (ours != qt)
-                    return QStringLiteral("hit %1,%2 (%3): %4 %5 ")
-                        .arg(point.x())
-                        .arg(point.y())
-                        .arg(accuracy)
-                        .arg(ours)
-                        .arg(qt);
+                    return told("hit", point, accuracy, ours, qt);
             }
             ++m_checks;
         }
@@ -372,19 +322,15 @@ public:
             a.setPosition(start);
             b.setPosition(start);
             for (int step = 0; step < 4; ++step) {
-                const auto move = all[below(static_cast<int>(std::size(all)))];
+                const auto move = any(all);
                 a.movePosition(move);
                 b.movePosition(move);
                 if (a.position() != b.position())
-                    return QStringLiteral("move %1 from %2: %3 %4")
-                        .arg(move)
-                        .arg(start)
-                        .arg(a.position())
-                        .arg(b.position());
+                    return told("move", move, "from", start, a.position(), b.position());
                 const QRect x = cursor_rect(m_ours, a);
                 const QRect y = cursor_rect(m_qt, b);
                 if (x != y)
-                    return QStringLiteral("cursor at %1: ").arg(a.position()) + text(x) + text(y);
+                    return told("cursor at", a.position(), x, y);
                 ++m_checks;
             }
         }
@@ -440,23 +386,7 @@ public:
             return {};
         both[0].save(QDir::temp().filePath(QStringLiteral("layout_ours.png")));
         both[1].save(QDir::temp().filePath(QStringLiteral("layout_qt.png")));
-        int y = 0;
-        while (std::equal(both[0].constScanLine(y), both[0].constScanLine(y) + both[0].width() * 4,
-                          both[1].constScanLine(y)))
-            ++y;
-        int x = 0;
-        while (both[0].pixel(x, y) == both[1].pixel(x, y))
-            ++x;
-        return QStringLiteral("picture of %1 + %2, ratio %3, selected %4 to %5 %6, cursor %7, differs at %8,%9")
-            .arg(clip.top())
-            .arg(clip.height())
-            .arg(ratio)
-            .arg(from)
-            .arg(to)
-            .arg(full_width)
-            .arg(cursor)
-            .arg(x)
-            .arg(y);
+        return told("pictures of", clip, "at", ratio, "selected", from, to, full_width, "cursor", cursor);
     }
 
     int checks() const { return m_checks; }
@@ -490,27 +420,15 @@ private:
     }
     static QString at(const QTextBlock &block)
     {
-        const auto described = [](const QTextBlock &b) {
-            if (!b.isValid())
-                return QString();
-            const QTextBlockFormat f = b.blockFormat();
-            return QStringLiteral("{%1 lines, margins %2 %3 %6 %7 indent %8 %9, line height %4 of type %5} ")
-                .arg(b.layout()->lineCount())
-                .arg(f.topMargin())
-                .arg(f.bottomMargin())
-                .arg(f.lineHeight())
-                .arg(f.lineHeightType())
-                .arg(f.leftMargin())
-                .arg(f.rightMargin())
-                .arg(f.textIndent())
-                .arg(f.indent());
-        };
-        return QStringLiteral("paragraph %1 of %2: ").arg(block.blockNumber()).arg(block.document()->blockCount()) +
-               described(block.previous()) + described(block);
+        return told("paragraph", block.blockNumber(), "of", block.document()->blockCount(),
+                    block.previous().blockFormat().properties(), block.blockFormat().properties());
     }
-    static QString text(const QRectF &r)
+    template<typename... Values>
+    static QString told(const Values &...values)
     {
-        return QStringLiteral("[%1 %2 %3x%4] ").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height());
+        QString text;
+        (QDebug(&text) << ... << values);
+        return text;
     }
 
     TextObject m_object;
