@@ -21,6 +21,7 @@
 #include <QtWidgets/QTextEdit>
 #include <QtWidgets/QWidget>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <type_traits>
@@ -386,6 +387,7 @@ private:
     void follow_undo();
     void follow_lost_selection();
     void show_counts(const EditorCounts &counts);
+    void tell(const std::function<void()> &emit_signal);
     bool has_selected_text() const;
     void apply_font_size(double points);
     void zoom_by(int points);
@@ -410,6 +412,7 @@ private:
     std::unique_ptr<EditState> m_edit_state;
     EditorCounts m_counts;
     bool m_lost_selection = false; // by undo, which the text area has not noticed
+    bool m_is_telling = false;     // the host, below a signal of the document
     QFont m_unzoomed_font;         // the text area's, before zooming
     double m_zoomed_size = 0;      // its size in points after the last zoom step
     qint64 m_zoom_steps = 0;       // since then, those that Qt refused included

@@ -27,6 +27,8 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
 
+#include <utility>
+
 namespace my_classes {
 
 using namespace Qt::StringLiterals;
@@ -61,6 +63,21 @@ CustomTextEditor::CustomTextEditor(const std::optional<QFont> &font, QWidget *pa
 CustomTextEditor::~CustomTextEditor()
 {
     delete search_dialog.data();
+    if (m_is_telling) { // what the text area and its document are doing goes on
+        text_edit->disconnect(this);
+        text_edit->setParent(nullptr);
+        text_edit->deleteLater();
+    }
+}
+
+/// The host may delete the editor for what it hears, in the middle of an edit.
+void CustomTextEditor::tell(const std::function<void()> &emit_signal)
+{
+    const QPointer<CustomTextEditor> here(this);
+    const bool was_telling = std::exchange(m_is_telling, true);
+    emit_signal();
+    if (here)
+        m_is_telling = was_telling;
 }
 
 CustomTextEditor::CustomTextEditor(ForForms, QWidget *parent)
@@ -183,7 +200,8 @@ void CustomTextEditor::attach_to_document()
             m_pictures = std::make_unique<PictureHandling>(document);
     });
     m_edit_state = std::make_unique<EditState>(document);
-    connect(m_edit_state.get(), &EditState::modified_changed, this, &CustomTextEditor::modified_changed);
+    connect(m_edit_state.get(), &EditState::modified_changed, this,
+            [this](bool modified) { tell([&] { Q_EMIT modified_changed(modified); }); });
     m_typing_format = std::make_unique<TypingFormat>();
     connect(document, &QTextDocument::contentsChange, m_edit_state.get(),
             [this](int, int removed, int added) { m_typing_format->note_change(removed, added); });

@@ -52,7 +52,7 @@ void CustomTextEditor::show_counts(const EditorCounts &counts)
     if (m_counts == counts)
         return;
     m_counts = counts;
-    Q_EMIT counts_changed(counts);
+    tell([&] { Q_EMIT counts_changed(counts); });
 }
 
 EditorCounts CustomTextEditor::counts() const

@@ -73,7 +73,7 @@ void TextArea::hide_overshoot(int maximum)
 
 QSize TextArea::minimumSizeHint() const
 {
-    const QFontMetrics metrics(m_editor->editor_font, this);
+    const QFontMetrics metrics(m_editor ? m_editor->editor_font : font(), this);
     const int margin = qCeil(2 * document()->documentMargin());
     const QSize text(20 * metrics.averageCharWidth() + verticalScrollBar()->sizeHint().width(),
                      3 * metrics.lineSpacing());
@@ -127,7 +127,7 @@ QVariant TextArea::loadResource(int type, const QUrl &name)
 bool TextArea::event(QEvent *event)
 {
     // Over the margins the wheel reaches the frame, not the viewport, and QAbstractScrollArea drops it there.
-    if (event->type() == QEvent::Wheel) {
+    if (event->type() == QEvent::Wheel && m_editor) {
         m_editor->wheel_event(static_cast<QWheelEvent *>(event));
         return event->isAccepted();
     }
@@ -228,7 +228,8 @@ void TextArea::scrollContentsBy(int dx, int)
 
 void TextArea::wheelEvent(QWheelEvent *event)
 {
-    m_editor->wheel_event(event);
+    if (m_editor)
+        m_editor->wheel_event(event);
 }
 
 } // namespace my_classes

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QtCore/QPointer>
 #include <QtWidgets/QTextEdit>
 
 namespace my_classes {
@@ -47,7 +48,7 @@ private:
     void fill_background_after(const QEvent *event);
     QString local_path(const QUrl &name) const;
 
-    CustomTextEditor *m_editor;
+    QPointer<CustomTextEditor> m_editor; // may die first
     StillView *m_still_view;
     bool m_hides_overshoot = false;
 };
