@@ -18,7 +18,6 @@ mkdir -p "$kept"
 
 walk() {
     MY_CLASSES_SEED=$seed MY_CLASSES_OPERATIONS=$operations QT_QPA_PLATFORM=offscreen QTEST_FUNCTION_TIMEOUT=600000 \
-        LSAN_OPTIONS=suppressions=$repository/tests/support/leaks_of_others.txt:print_suppressions=0 \
         build/asan/bin/tst_random_operations >"$kept/seed_$seed.log" 2>&1
 }
 
