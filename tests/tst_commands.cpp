@@ -7,22 +7,11 @@
 #include <my_classes/custom_text_editor.h>
 #include <my_classes/diagnostic_output.h>
 
-#include <QtCore/QMimeData>
-#include <QtGui/QAction>
-#include <QtGui/QClipboard>
 #include <QtGui/QDropEvent>
-#include <QtGui/QTextBlock>
-#include <QtGui/QTextList>
-#include <QtGui/QTextTable>
-#include <QtWidgets/QMenu>
-#include <QtWidgets/QToolBar>
-#include <QtWidgets/QVBoxLayout>
 
+using namespace my_classes;
 using namespace Qt::StringLiterals;
-using my_classes::CustomTextEditor;
-using my_classes::EditorCommand;
-using test_support::select;
-using test_support::show_active;
+using namespace test_support;
 
 namespace {
 
@@ -50,7 +39,7 @@ class TstCommands : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { test_support::fail_on_warnings(); }
+    void init() { fail_on_warnings(); }
     void actions_are_those_of_the_tool_bar();
     void shortcuts_are_the_hosts_if_it_wants();
     void rows_and_columns();
@@ -337,10 +326,10 @@ void TstCommands::forms_pass_a_parent_alone()
     QWidget form;
     const auto *editor = new CustomTextEditor(&form);
     QCOMPARE(editor->parentWidget(), &form);
-    const auto *tab = new my_classes::CustomTab(&form);
+    const auto *tab = new CustomTab(&form);
     QCOMPARE(tab->parentWidget(), &form);
     QVERIFY(tab->lang == editor->lang && tab->editor->spellchecker && editor->spellchecker);
-    QVERIFY(!CustomTextEditor(nullptr).parentWidget() && !my_classes::CustomTab(nullptr).parentWidget());
+    QVERIFY(!CustomTextEditor(nullptr).parentWidget() && !CustomTab(nullptr).parentWidget());
     const CustomTextEditor as_ever({}, &form);
     QCOMPARE(as_ever.lang, u"en"_s);
 }
@@ -348,11 +337,11 @@ void TstCommands::forms_pass_a_parent_alone()
 void TstCommands::lines_on_standard_output_can_be_silenced()
 {
     CustomTextEditor editor({});
-    const auto check = [&] { return test_support::standard_output_of([&] { editor.check_spelling(); }); };
-    my_classes::set_diagnostic_output(false);
-    QVERIFY(!my_classes::diagnostic_output());
+    const auto check = [&] { return standard_output_of([&] { editor.check_spelling(); }); };
+    set_diagnostic_output(false);
+    QVERIFY(!diagnostic_output());
     QCOMPARE(check(), QString());
-    my_classes::set_diagnostic_output(true);
+    set_diagnostic_output(true);
     QCOMPARE(check(), u"Misspelled words: 0 []\n"_s);
 }
 

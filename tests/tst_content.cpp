@@ -5,26 +5,11 @@
 
 #include <my_classes/custom_text_editor.h>
 
-#include <QtCore/QBuffer>
-#include <QtCore/QMimeData>
-#include <QtCore/QRandomGenerator>
-#include <QtGui/QAbstractTextDocumentLayout>
-#include <QtGui/QAction>
-#include <QtGui/QClipboard>
 #include <QtGui/QPdfWriter>
-#include <QtGui/QTextBlock>
-#include <QtGui/QTextLayout>
-#include <QtTest/QSignalSpy>
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QPushButton>
 
+using namespace my_classes;
 using namespace Qt::StringLiterals;
-using my_classes::CustomTextEditor;
-using my_classes::SearchDialog;
-using test_support::picture_html;
-using test_support::select;
+using namespace test_support;
 
 namespace {
 
@@ -149,7 +134,7 @@ class TstContent : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { test_support::fail_on_warnings(); }
+    void init() { fail_on_warnings(); }
 
     void html_is_the_same_at_any_zoom();
     void loaded_text_follows_the_zoom();
@@ -301,7 +286,7 @@ void TstContent::formats_are_one_step_and_end()
             else
                 QTest::keySequence(other.text_edit, key);
         }
-        QCOMPARE(test_support::bold_in_brackets(other.text_edit->document()), expected);
+        QCOMPARE(bold_in_brackets(other.text_edit->document()), expected);
     }
 }
 
@@ -368,9 +353,9 @@ void TstContent::tells_of_counts_zoom_and_read_only()
     QSignalSpy zoomed(&editor, &CustomTextEditor::zoom_changed);
     QSignalSpy locked(&editor, &CustomTextEditor::read_only_changed);
     editor.set_text_content(u"Two words."_s);
-    QVERIFY(editor.counts() == (my_classes::EditorCounts{1, 2, 10, false}));
+    QVERIFY(editor.counts() == (EditorCounts{1, 2, 10, false}));
     editor.text_edit->moveCursor(QTextCursor::NextWord, QTextCursor::KeepAnchor);
-    QVERIFY(editor.counts() == (my_classes::EditorCounts{1, 1, 4, true}));
+    QVERIFY(editor.counts() == (EditorCounts{1, 1, 4, true}));
     QCOMPARE(counted.size(), 2);
     editor.set_zoom_percent(300);
     editor.zoom_in(); // refused
@@ -392,7 +377,6 @@ void TstContent::commands_respect_read_only()
     QApplication::clipboard()->setText(u"pasted"_s);
     editor.set_read_only(true);
     const QString before = editor.get_html_content();
-    using my_classes::EditorCommand;
     for (const auto allowed : {EditorCommand::Copy, EditorCommand::SelectAll, EditorCommand::CheckSpelling})
         QVERIFY(editor.action(allowed)->isEnabled());
     editor.text_edit->selectAll();

@@ -7,20 +7,11 @@
 #include <my_classes/download_dialog.h>
 #include <my_classes/file_downloader.h>
 
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QMutex>
-#include <QtCore/QPointer>
-#include <QtCore/QProcess>
-#include <QtCore/QRandomGenerator>
-#include <QtCore/QScopeGuard>
 #include <QtCore/QSemaphore>
 #include <QtGui/QHelpEvent>
 #include <QtNetwork/QSslConfiguration>
-#include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QProgressBar>
-#include <QtWidgets/QPushButton>
 #include <QtWidgets/QToolTip>
 
 #include <fcntl.h>
@@ -29,8 +20,7 @@
 
 using namespace my_classes;
 using namespace Qt::StringLiterals;
-using test_support::HttpServer;
-using test_support::standard_output_of;
+using namespace test_support;
 
 namespace {
 
@@ -135,7 +125,7 @@ private:
 
 void TstDownload::init()
 {
-    test_support::fail_on_warnings();
+    fail_on_warnings();
     m_directory = std::make_unique<QTemporaryDir>();
     m_server.answers = {
         {"/whole", HttpServer::status("200 OK", m_body)},

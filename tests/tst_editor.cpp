@@ -7,35 +7,18 @@
 #include <my_classes/custom_text_editor.h>
 #include <my_classes/main_window.h>
 
-#include <QtCore/QMimeData>
-#include <QtGui/QAction>
-#include <QtGui/QClipboard>
-#include <QtGui/QTextTable>
 #include <QtGui/QWheelEvent>
 #include <QtNetwork/QTcpServer>
-#include <QtTest/QSignalSpy>
-#include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QMainWindow>
-#include <QtWidgets/QScrollBar>
-#include <QtWidgets/QTabBar>
-#include <QtWidgets/QTabWidget>
-#include <QtWidgets/QToolBar>
-#include <QtWidgets/QVBoxLayout>
 
+using namespace my_classes;
 using namespace Qt::StringLiterals;
-using my_classes::CustomTextEditor;
-using test_support::answer_next_dialog;
-using test_support::select;
-using test_support::show_active;
+using namespace test_support;
 
 namespace {
 
 QAbstractButton *button(const CustomTextEditor &editor, const QString &text)
 {
-    return test_support::with_text<QAbstractButton>(editor, text);
+    return with_text<QAbstractButton>(editor, text);
 }
 
 struct LayoutCounter : QObject
@@ -55,7 +38,7 @@ class TstEditor : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { test_support::fail_on_warnings(); }
+    void init() { fail_on_warnings(); }
 
     void toolbar_shows_everything_at_every_width();
     void two_editors_by_keyboard_and_mouse();
@@ -73,7 +56,7 @@ private Q_SLOTS:
 
 void TstEditor::toolbar_shows_everything_at_every_width()
 {
-    my_classes::MainWindow window;
+    MainWindow window;
     const CustomTextEditor &editor = *window.text_editor;
     const QToolBar *bar = editor.toolbar;
     editor.text_edit->setPlainText(u"word. "_s.repeated(200'000)); // a long statistics line
@@ -212,7 +195,7 @@ void TstEditor::formatting_takes_the_word()
         editor.bold_action->trigger();
         QCOMPARE(editor.text_edit->textCursor().position(), place);
         QVERIFY(!editor.text_edit->textCursor().hasSelection());
-        QCOMPARE(test_support::bold_in_brackets(editor.text_edit->document()), without_cursor);
+        QCOMPARE(bold_in_brackets(editor.text_edit->document()), without_cursor);
         editor.text_edit->insertPlainText(u"x"_s);
         QCOMPARE(editor.text_edit->textCursor().charFormat().fontWeight(), int(QFont::Bold));
     }
@@ -235,7 +218,7 @@ void TstEditor::formatting_merges_and_clears()
     text_edit->redo(); // what is formatted twice in a step counts twice, and Qt wants the caret behind the end
     QCOMPARE(text_edit->textCursor().position(), 2);
 
-    editor.set_html_content(u"<b>ab</b>cd"_s + test_support::picture_html(1, 1) + u"<a href='x'>ef</a>"_s);
+    editor.set_html_content(u"<b>ab</b>cd"_s + picture_html(1, 1) + u"<a href='x'>ef</a>"_s);
     select(editor.text_edit, 1, 3);
     editor.italic_action->trigger();
     editor.set_font_size(u" 10.5 "_s);
@@ -337,9 +320,9 @@ void TstEditor::writing_area_has_the_colour_of_the_window()
             QApplication::setPalette(first);
             qApp->setStyleSheet(sheet);
             CustomTextEditor alone({});
-            my_classes::MainWindow window;
+            MainWindow window;
             QTabWidget tabs;
-            auto *page = new my_classes::CustomTab;
+            auto *page = new CustomTab;
             tabs.addTab(page, QString());
             for (CustomTextEditor *editor : {&alone, window.text_editor, page->editor}) {
                 QWidget *shown = editor->window();
@@ -371,7 +354,7 @@ void TstEditor::writing_area_has_the_colour_of_the_window()
 void TstEditor::typing_lays_no_window_out()
 {
     QTabWidget tabs;
-    auto *tab = new my_classes::CustomTab;
+    auto *tab = new CustomTab;
     tabs.addTab(tab, u"Tab"_s);
     tabs.resize(800, 600);
     show_active(tabs);
@@ -401,7 +384,7 @@ void TstEditor::text_has_the_focus_unless_given_away()
     window.setCentralWidget(tabs);
     QList<CustomTextEditor *> editors;
     const auto add_page = [&](bool in_tab) {
-        auto *page = in_tab ? new my_classes::CustomTab : nullptr;
+        auto *page = in_tab ? new CustomTab : nullptr;
         editors << (page ? page->editor : new CustomTextEditor(std::nullopt, &window));
         tabs->addTab(page ? static_cast<QWidget *>(page) : editors.last(), QString::number(editors.size()));
     };

@@ -7,14 +7,12 @@
 #include <my_classes/my_msgboxes.h>
 #include <my_classes/my_utils.h>
 
-#include <QtCore/QScopeGuard>
 #include <QtGui/QIcon>
-#include <QtGui/QPainter>
-#include <QtWidgets/QPushButton>
 
 #include <cmath>
 
 using namespace Qt::StringLiterals;
+using namespace test_support;
 
 namespace {
 
@@ -43,7 +41,7 @@ class TstFrame : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { test_support::fail_on_warnings(); }
+    void init() { fail_on_warnings(); }
     void application_directory();
     void question_answers();
     void icons_are_sharp_and_stand_out();
@@ -72,7 +70,7 @@ void TstFrame::question_answers()
     QWidget parent;
     parent.show();
     for (const auto &[answer, expected] : answers) {
-        test_support::answer_next_dialog([answer = answer](QDialog *dialog) {
+        answer_next_dialog([answer = answer](QDialog *dialog) {
             auto *box = qobject_cast<QMessageBox *>(dialog);
             answer(box); // first: a failure must not leave it open
             QCOMPARE(box->icon(), QMessageBox::Warning);

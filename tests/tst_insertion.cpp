@@ -5,13 +5,9 @@
 
 #include <my_classes/custom_text_editor.h>
 
-#include <QtGui/QAction>
-#include <QtGui/QPainter>
-#include <QtGui/QWindow>
-#include <QtWidgets/QLineEdit>
-
+using namespace my_classes;
 using namespace Qt::StringLiterals;
-using test_support::answer_next_dialog;
+using namespace test_support;
 using Answer = std::function<void(QDialog *)>;
 
 namespace {
@@ -58,13 +54,13 @@ void answer_dialogs(const QList<Answer> &answers)
 }
 
 /// An editor in a window, driven by its tool bar.
-struct Editor : my_classes::CustomTextEditor
+struct Editor : CustomTextEditor
 {
     explicit Editor(const QString &text = {}, int from = 0, int to = 0)
         : CustomTextEditor({})
     {
         text_edit->setPlainText(text);
-        test_support::select(text_edit, from, to);
+        select(text_edit, from, to);
         resize(900, 700);
         show();
     }
@@ -73,7 +69,7 @@ struct Editor : my_classes::CustomTextEditor
     void trigger(const QString &text, const QList<Answer> &answers = {})
     {
         answer_dialogs(answers);
-        test_support::with_text<QAction>(*this, text)->trigger();
+        with_text<QAction>(*this, text)->trigger();
     }
 
     QTextImageFormat image() const
@@ -102,7 +98,7 @@ class TstInsertion : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void init() { test_support::fail_on_warnings(); }
+    void init() { fail_on_warnings(); }
     void lists();
     void tables();
     void tables_on_dark_paper();
@@ -189,7 +185,7 @@ void TstInsertion::tables()
 void TstInsertion::tables_on_dark_paper()
 {
     for (const QColor &paper : {QColor(0x20, 0x20, 0x20), QColor(Qt::white)}) {
-        my_classes::CustomTextEditor editor({});
+        CustomTextEditor editor({});
         QPalette palette(paper);
         palette.setColor(QPalette::Text, paper.lightness() < 128 ? Qt::white : Qt::black);
         editor.setPalette(palette);

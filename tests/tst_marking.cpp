@@ -8,15 +8,11 @@
 #include <my_classes/custom_text_editor.h>
 #include <my_classes/my_spellchecker.h>
 
-#include <QtCore/QRandomGenerator>
-#include <QtGui/QAction>
-#include <QtTest/QSignalSpy>
-
 #include <memory>
 
+using namespace my_classes;
 using namespace Qt::StringLiterals;
-using my_classes::CustomTextEditor;
-using test_support::underlines;
+using namespace test_support;
 
 namespace {
 
@@ -26,13 +22,13 @@ std::unique_ptr<CustomTextEditor> marking_editor()
     auto editor = std::make_unique<CustomTextEditor>(std::optional<QFont>(), nullptr, u"en_US"_s);
     editor->resize(900, 500);
     editor->set_marking_while_writing(true);
-    test_support::show_active(*editor);
+    show_active(*editor);
     return editor;
 }
 
 QString underlines(const CustomTextEditor &editor)
 {
-    return underlines(editor.text_edit->document());
+    return test_support::underlines(editor.text_edit->document());
 }
 
 /// What a full check of another editor underlines in the same text.
@@ -51,7 +47,7 @@ class TstMarking : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { test_support::fail_on_warnings(); }
+    void init() { fail_on_warnings(); }
     void word_is_marked_once_it_is_left();
     void corrected_and_retyped_words();
     void marks_equal_a_full_check();

@@ -4,20 +4,14 @@
 #include "recipes.h"
 #include "support/test_support.h"
 
-#include <QtGui/QAction>
 #include <QtGui/QTextFrame>
 #include <QtPrintSupport/QPrintPreviewDialog>
 #include <QtPrintSupport/QPrintPreviewWidget>
-#include <QtTest/QSignalSpy>
-#include <QtWidgets/QComboBox>
 #include <QtWidgets/QFontComboBox>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QMainWindow>
-#include <QtWidgets/QMenu>
-#include <QtWidgets/QMessageBox>
 
 using namespace my_classes;
 using namespace Qt::StringLiterals;
+using namespace test_support;
 
 /// What each recipe is for, done as a person would.
 class TstRecipes : public QObject
@@ -25,7 +19,7 @@ class TstRecipes : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { test_support::fail_on_warnings(); }
+    void init() { fail_on_warnings(); }
     void suggestions_in_context_menu();
     void font_boxes();
     void pdf_and_preview();
@@ -44,10 +38,10 @@ void TstRecipes::suggestions_in_context_menu()
     editor.show();
     QTest::keyClicks(editor.text_edit, u"A Drak night"_s);
     QTRY_VERIFY(!editor.text_edit->document()->firstBlock().layout()->formats().isEmpty());
-    test_support::select(editor.text_edit, 4);
+    select(editor.text_edit, 4);
     const QPoint point = editor.text_edit->cursorRect().center();
     const std::unique_ptr<QMenu> menu(recipes::context_menu(&editor, point));
-    test_support::with_text<QAction>(*menu, u"Dark"_s)->trigger();
+    with_text<QAction>(*menu, u"Dark"_s)->trigger();
     QCOMPARE(editor.get_text_content(), u"A Dark night"_s);
 
     recipes::use_context_menu(&editor);
@@ -120,7 +114,7 @@ void TstRecipes::other_close_question()
     recipes::ask_in_own_words(&tabs);
     tabs.closeTab(1);
     QCOMPARE(tabs.count(), 1);
-    test_support::answer_next_dialog([](QDialog *box) {
+    answer_next_dialog([](QDialog *box) {
         QCOMPARE(qobject_cast<QMessageBox *>(box)->text(), u"Close \"Written\" for good?"_s);
         box->reject();
     });

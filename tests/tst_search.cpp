@@ -6,22 +6,15 @@
 #include <my_classes/custom_text_editor.h>
 #include <my_classes/search_dialog.h>
 
-#include <QtCore/QRandomGenerator>
-#include <QtCore/QRegularExpression>
-#include <QtGui/QAction>
-#include <QtGui/QWindow>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QProgressDialog>
-#include <QtWidgets/QPushButton>
-#include <QtWidgets/QTabWidget>
 
 #include <algorithm>
 #include <memory>
 #include <optional>
 
-using my_classes::SearchDialog;
+using namespace my_classes;
 using namespace Qt::StringLiterals;
+using namespace test_support;
 
 namespace {
 
@@ -139,7 +132,7 @@ struct Reference
 QString trace_of(const std::function<void()> &action)
 {
     static const QRegularExpression remark(u"^(QWARN|WARNING).*\n"_s, QRegularExpression::MultilineOption);
-    return test_support::standard_output_of(action).remove(remark);
+    return standard_output_of(action).remove(remark);
 }
 
 /// Answers message boxes (with Return, unless told otherwise) and progress dialogs as soon as they are shown. Message
@@ -176,7 +169,7 @@ class TstSearch : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { test_support::fail_on_warnings(); }
+    void init() { fail_on_warnings(); }
     void same_as_step_by_step_data();
     void same_as_step_by_step();
     void keeps_up_with_the_document();
@@ -321,7 +314,7 @@ void TstSearch::keeps_up_with_the_document()
 
 void TstSearch::from_the_editor_by_keys_and_mouse()
 {
-    auto editor = std::make_unique<my_classes::CustomTextEditor>(std::nullopt);
+    auto editor = std::make_unique<CustomTextEditor>(std::nullopt);
     editor->set_text_content(u"cat dog cat"_s);
     editor->show();
     editor->search_text();
@@ -346,7 +339,7 @@ void TstSearch::from_the_editor_by_keys_and_mouse()
     QCOMPARE(dialog->search_input->selectedText(), u"cat"_s);
 
     editor->text_edit->selectAll();
-    editor->action(my_classes::EditorCommand::Search)->trigger();
+    editor->action(EditorCommand::Search)->trigger();
     QVERIFY(!dialog);
     const QPointer<SearchDialog> anew = editor->search_dialog;
     QCOMPARE(anew->search_input->text(), QString());

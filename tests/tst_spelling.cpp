@@ -8,29 +8,15 @@
 #include <my_classes/custom_text_editor.h>
 #include <my_classes/my_spellchecker.h>
 
-#include <QtCore/QProcess>
-#include <QtCore/QRandomGenerator>
-#include <QtGui/QAbstractTextDocumentLayout>
-#include <QtGui/QAction>
 #include <QtGui/QInputMethodEvent>
-#include <QtGui/QTextBlock>
-#include <QtTest/QSignalSpy>
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QLabel>
 
 #include <iostream>
 #include <stdexcept>
 
+using namespace my_classes;
 using namespace Qt::StringLiterals;
-using my_classes::CustomHighlighter;
-using my_classes::CustomTextEditor;
+using namespace test_support;
 using my_spellchecker::MySpellChecker;
-using test_support::plain_underlines;
-using test_support::select;
-using test_support::show_active;
-using test_support::underlines;
-using test_support::word_list_directory;
-using test_support::write_dictionary;
 
 namespace {
 
@@ -102,7 +88,7 @@ class TstSpelling : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { test_support::fail_on_warnings(); }
+    void init() { fail_on_warnings(); }
     void words_of_a_text();
     void language_finds_its_dictionary();
     void added_word_holds_everywhere_and_stays();
@@ -312,7 +298,7 @@ void TstSpelling::first_misspelled_word_is_shown()
         editor.text_edit->selectAll();
         editor.suggestionsComboBox->setFocus();
         QSignalSpy moved(editor.text_edit, &QTextEdit::cursorPositionChanged);
-        const QString lines = test_support::standard_output_of([&] { QTest::keyClick(&editor, Qt::Key_F7); });
+        const QString lines = standard_output_of([&] { QTest::keyClick(&editor, Qt::Key_F7); });
         const QString list = word.isEmpty() ? u"0 []"_s : u"1 ['%1']"_s.arg(word);
         QCOMPARE(lines, u"Misspelled words: %1\nGoing to first misspelled...\n"_s.arg(list));
         const QTextCursor cursor = editor.text_edit->textCursor();
@@ -338,7 +324,7 @@ void TstSpelling::person_corrects_and_adds_words()
     QStringList in_order = suggestions;
     in_order.sort();
     QVERIFY(suggestions.size() > 1 && suggestions.first() != in_order.first());
-    const QString lines = test_support::standard_output_of([&] { select(editor.text_edit, 4); });
+    const QString lines = standard_output_of([&] { select(editor.text_edit, 4); });
     QCOMPARE(lines, u"Misspelled word: teh\nSuggestions: ['%1']\n"_s.arg(suggestions.join(u"', '"_s)));
     QStringList offered;
     for (int i = 0; i < editor.suggestionsComboBox->count(); ++i)
@@ -425,7 +411,7 @@ int main(int argc, char *argv[])
         QCoreApplication application(argc, argv);
         return as_child(application.arguments().mid(2));
     }
-    const test_support::PrivateHome home;
+    const PrivateHome home;
     QApplication application(argc, argv);
     TstSpelling test;
     return QTest::qExec(&test, argc, argv);

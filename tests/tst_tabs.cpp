@@ -5,20 +5,11 @@
 
 #include <my_classes/editable_tab_widget.h>
 
-#include <QtCore/QPointer>
 #include <QtGui/QShortcut>
-#include <QtTest/QSignalSpy>
-#include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QMainWindow>
-#include <QtWidgets/QMessageBox>
-#include <QtWidgets/QPushButton>
-#include <QtWidgets/QStatusBar>
-#include <QtWidgets/QTabBar>
-#include <QtWidgets/QTextEdit>
 
 using namespace my_classes;
 using namespace Qt::StringLiterals;
+using namespace test_support;
 
 class TstTabs : public QObject
 {
@@ -62,14 +53,14 @@ private:
 
 void TstTabs::init()
 {
-    test_support::fail_on_warnings();
+    fail_on_warnings();
     m_window = std::make_unique<QMainWindow>();
     m_tabs = new EditableTabWidget;
     m_window->setCentralWidget(m_tabs);
     for (const QString &name : {u"Notas"_s, u"Intro"_s, u"<b>Fin</b>"_s})
         m_tabs->addTab(new QTextEdit, name);
     m_window->resize(700, 400);
-    test_support::show_active(*m_window);
+    show_active(*m_window);
 }
 
 void TstTabs::rename()
@@ -192,7 +183,7 @@ void TstTabs::field_in_a_dialog()
     QSignalSpy pressed(&button, &QPushButton::clicked);
     QSignalSpy heard(&shortcut, &QShortcut::activated);
     connect(tabs, &EditableTabWidget::tab_renamed, &dialog, [&] { delete std::exchange(tabs, nullptr); });
-    test_support::show_active(dialog);
+    show_active(dialog);
     tabs->editTabTitle(0);
     QTest::keyClicks(tabs->line_edit, u" \r"_s); // refused without a status bar
     QVERIFY(tabs->line_edit && tabs->tabText(0) == u"Uno");
@@ -214,7 +205,7 @@ void TstTabs::refused_title_in_hostile_company()
         colour = m_tabs->line_edit->palette().text().color();
         if (deletes)
             return delete std::exchange(m_tabs, nullptr);
-        test_support::answer_next_dialog([](QDialog *box) { box->accept(); });
+        answer_next_dialog([](QDialog *box) { box->accept(); });
         QMessageBox(QMessageBox::Warning, {}, message).exec();
     });
     m_tabs->editTabTitle(0);
@@ -254,7 +245,7 @@ void TstTabs::close_asks()
     for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
         QCOMPARE(deleted.size(), 0);
         QString question;
-        test_support::answer_next_dialog([&](QDialog *dialog) {
+        answer_next_dialog([&](QDialog *dialog) {
             auto *box = qobject_cast<QMessageBox *>(dialog);
             if (box->textFormat() == Qt::PlainText)
                 question = box->text();
@@ -321,11 +312,11 @@ void TstTabs::titles_by_call()
 
 void TstTabs::deleted_while_asking()
 {
-    test_support::answer_next_dialog([this](QDialog *) { m_window.reset(); });
+    answer_next_dialog([this](QDialog *) { m_window.reset(); });
     m_tabs->closeTab(0);
     QVERIFY(!m_window);
     init();
-    test_support::answer_next_dialog([this](QDialog *) { m_window.reset(); });
+    answer_next_dialog([this](QDialog *) { m_window.reset(); });
     QCOMPARE(m_tabs->msgbox_confirm(u"?"_s), QMessageBox::No);
     QVERIFY(!m_window);
 }

@@ -5,18 +5,11 @@
 
 #include <my_classes/my_classes.h>
 
-#include <QtCore/QScopeGuard>
 #include <QtCore/QTranslator>
-#include <QtGui/QAction>
-#include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QMessageBox>
-#include <QtWidgets/QStatusBar>
-#include <QtWidgets/QToolBar>
 
 using namespace my_classes;
 using namespace Qt::StringLiterals;
+using namespace test_support;
 
 namespace {
 
@@ -67,7 +60,7 @@ QStringList left_out(QWidget *widget)
 QStringList left_out_of_dialog(const std::function<void()> &action)
 {
     QStringList left{u"no dialog"_s};
-    test_support::answer_next_dialog([&left](QDialog *dialog) {
+    answer_next_dialog([&left](QDialog *dialog) {
         left = left_out(dialog);
         dialog->reject();
     });
@@ -82,7 +75,7 @@ class TstTranslations : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { test_support::fail_on_warnings(); }
+    void init() { fail_on_warnings(); }
     void catalogues();
     void no_text_is_left_out();
 };

@@ -9,19 +9,12 @@
 #include <my_classes/custom_text_editor.h>
 #include <my_classes/my_spellchecker.h>
 
-#include <QtGui/QAction>
-#include <QtTest/QSignalSpy>
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QScrollBar>
-
 #include <stdexcept>
 
+using namespace my_classes;
 using namespace Qt::StringLiterals;
-using my_classes::CustomTab;
-using my_classes::CustomTextEditor;
+using namespace test_support;
 using my_spellchecker::MySpellChecker;
-using test_support::underlines;
 
 namespace {
 
@@ -40,7 +33,7 @@ class TstWords : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { test_support::fail_on_warnings(); }
+    void init() { fail_on_warnings(); }
     void host_finds_and_judges_words();
     void host_replaces_a_word();
     void added_and_ignored_words_lose_their_underlines();
@@ -53,7 +46,7 @@ void TstWords::host_finds_and_judges_words()
 {
     CustomTextEditor editor({}, nullptr, u"en_US"_s);
     editor.resize(900, 500);
-    test_support::show_active(editor);
+    show_active(editor);
     editor.text_edit->setPlainText(u"I saw dno't, \n\nthe end. "_s + QString(4'000, u'x').replace(u"xxx"_s, u"xx "_s));
     QCOMPARE(word_at(editor, 8).selectedText(), u"dno't"_s);
     QVERIFY(!word_at(editor, 13).hasSelection());
@@ -90,7 +83,7 @@ void TstWords::host_replaces_a_word()
     editor.replace_word(word, u"The"_s);
     QCOMPARE(editor.get_html_content(), before);
     editor.text_edit->setReadOnly(false);
-    test_support::select(editor.text_edit, 7); // right behind it
+    select(editor.text_edit, 7); // right behind it
     editor.replace_word(word, u"The"_s);
     QCOMPARE(editor.get_html_content(), after);
     QTest::keyClicks(editor.text_edit, u"ir"_s);
@@ -140,7 +133,7 @@ void TstWords::added_and_ignored_words_lose_their_underlines()
 
 void TstWords::languages_have_names()
 {
-    test_support::write_dictionary(u"qa_QX"_s, "nothing");
+    write_dictionary(u"qa_QX"_s, "nothing");
     QStringList languages = MySpellChecker::installed_languages();
     QVERIFY(languages.contains(u"en_US"_s) && languages.contains(u"es_ES"_s) && languages.contains(u"qa_QX"_s));
     QVERIFY(std::is_sorted(languages.cbegin(), languages.cend()) && languages.removeDuplicates() == 0);
@@ -197,7 +190,7 @@ void TstWords::language_changes_whole_or_not_at_all()
 void TstWords::editor_without_spelling_does_everything_else()
 {
     CustomTextEditor editor({}, nullptr, u""_s);
-    test_support::show_active(editor);
+    show_active(editor);
     QTest::keyClicks(editor.text_edit, u"Teh wrod."_s);
     QVERIFY(!editor.spellchecker && !editor.checkAction->isEnabled() && !editor.suggestionsComboBox->isEnabled());
     QCOMPARE(editor.word_count_label->text(), u"1 sentences | 2 words | 9 characters"_s);

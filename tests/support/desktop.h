@@ -5,10 +5,6 @@
 
 #include "test_support.h"
 
-#include <QtCore/QElapsedTimer>
-#include <QtCore/QProcess>
-#include <QtTest/QTest>
-
 #include <memory>
 
 /// An X server of the test's own with a window manager, and a person's hands and eyes.
@@ -85,6 +81,21 @@ public:
         tool({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("8"), QStringLiteral("--"), text});
         QTest::qWait(150);
     }
+    /// Types, presses <keys>, and waits for windows by {part of the title}; false when one does not come.
+    bool play(const QString &script) const
+    {
+        static const QRegularExpression part(QStringLiteral("<([^>]+)>|\\{([^}]+)\\}|([^<{]+)"));
+        for (auto parts = part.globalMatch(script); parts.hasNext();) {
+            const QRegularExpressionMatch next = parts.next();
+            if (next.hasCaptured(2) && !wait_for(next.captured(2)))
+                return false;
+            if (next.hasCaptured(2))
+                QTest::qWait(500); // it may not listen yet
+            else
+                next.hasCaptured(1) ? key(next.captured(1)) : type(next.captured(3));
+        }
+        return true;
+    }
     /// A window may be there a moment before it takes keys: they are pressed again until it has gone.
     void dismiss(const QString &part_of_title, const QString &keys) const
     {
@@ -95,9 +106,10 @@ public:
                 return;
         }
     }
-    /// Keeps a picture of the screen in the directory of build artefacts.
+    /// Keeps a picture of the screen, once it has settled, in the directory of build artefacts.
     void shot(const QString &name) const
     {
+        QTest::qWait(500);
         QDir().mkpath(QStringLiteral(MY_CLASSES_PICTURES));
         run(QStringLiteral("import"), {QStringLiteral("-window"), QStringLiteral("root"),
                                        QStringLiteral(MY_CLASSES_PICTURES "/") + name + QStringLiteral(".png")})

@@ -3,14 +3,7 @@
 
 #pragma once
 
-#include <QtCore/QDir>
-#include <QtCore/QFile>
-#include <QtCore/QFileInfo>
-#include <QtCore/QRegularExpression>
-#include <QtCore/QSet>
-#include <QtGui/QTextBlock>
-#include <QtGui/QTextLayout>
-#include <QtTest/QTest>
+#include "test_support.h"
 
 namespace test_support {
 

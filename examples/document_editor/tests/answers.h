@@ -3,15 +3,28 @@
 
 #pragma once
 
-#include <QtCore/QPointer>
-#include <QtCore/QTimer>
-#include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QDialog>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QMessageBox>
+#include "support/test_support.h"
 
+#include <csignal>
+#include <sys/resource.h>
 #include <utility>
+
+/// Files of this process cannot grow beyond a size while this lives, as on a full disk.
+class FullDisk
+{
+public:
+    explicit FullDisk(rlim_t size)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_limit);
+        const rlimit small = {size, m_limit.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_limit); }
+
+private:
+    rlimit m_limit = {};
+};
 
 /// Answers the modal windows that come, one after the other: a box by the text of a button, a file dialog by a path.
 class Answers : public QObject

@@ -15,18 +15,8 @@
 #include "support/desktop.h"
 #include "support/http_server.h"
 
-#include <QtCore/QRandomGenerator>
-#include <QtGui/QAction>
-#include <QtGui/QImage>
-#include <QtGui/QTextDocument>
-#include <QtTest/QSignalSpy>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QMenuBar>
-#include <QtWidgets/QStatusBar>
 #include <QtWidgets/QToolButton>
-
-#include <csignal>
-#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 using namespace document_editor;
@@ -40,6 +30,7 @@ class TstDocumentEditor : public QObject
 private Q_SLOTS:
     void initTestCase() { QVERIFY(m_desktop.start()); }
     void init() { test_support::fail_on_warnings(); }
+    void cleanup();
 
     void a_report_data();
     void a_report();
@@ -58,8 +49,10 @@ private Q_SLOTS:
 private:
     QString recovery_directory() const { return m_home.path() + "/data/my_classes/document_editor/recovery"_L1; }
     std::optional<Document> recovery() const;
+    QStringList recovered_titles() const;
     std::unique_ptr<QProcess> start(const QStringList &arguments = {}) const;
     QString two_sections() const;
+    SectionTabs *show_window(const QString &path = {}, std::unique_ptr<RecoveryFile> copy = nullptr);
     void write_report(const HttpServer &server);
     void arrange_sections();
     void quit(QProcess *program);
@@ -68,6 +61,7 @@ private:
     const test_support::PrivateHome m_home;
     Desktop m_desktop;
     QTemporaryDir m_directory;
+    QPointer<Window> m_window;
 };
 
 namespace {
@@ -105,65 +99,39 @@ std::optional<Document> TstDocumentEditor::recovery() const
     return from_bytes(read_file(directory.filePath(names.constFirst()))); // throws where it is broken
 }
 
+QStringList TstDocumentEditor::recovered_titles() const
+{
+    return titles_of(recovery().value_or(Document()));
+}
+
 /// Three sections with a list, a table, a picture and a downloaded text.
 void TstDocumentEditor::write_report(const HttpServer &server)
 {
     QImage picture(300, 120, QImage::Format_RGB32);
     picture.fill(Qt::darkCyan);
-    QVERIFY(picture.save(m_directory.filePath(u"chart.png"_s)));
+    const QString chart = m_directory.filePath(u"chart.png"_s);
+    QVERIFY(picture.save(chart));
 
-    m_desktop.key(u"ctrl+alt+1"_s);
-    m_desktop.type(u"The report"_s);
-    m_desktop.key(u"Return ctrl+alt+0"_s);
-    m_desktop.type(u"It was mispeled at first."_s);
-    m_desktop.key(u"alt+o l d"_s);
-    m_desktop.type(u"one"_s);
-    m_desktop.key(u"Return"_s);
-    m_desktop.type(u"two"_s);
+    m_desktop.play(u"<ctrl+alt+1>The report<Return ctrl+alt+0>It was mispeled at first.<alt+o l d>one<Return>two"_s);
     shot(u"1-list"_s);
-
-    m_desktop.key(u"ctrl+t F2"_s);
-    m_desktop.type(u"Results"_s);
-    m_desktop.key(u"Return"_s);
-    m_desktop.type(u"A chart and a table:"_s);
-    m_desktop.key(u"Return alt+i p"_s);
-    QVERIFY(m_desktop.wait_for(u"Image"_s));
-    m_desktop.type(m_directory.filePath(u"chart.png"_s));
-    m_desktop.key(u"Return"_s);
-    QTest::qWait(500);
+    QVERIFY(m_desktop.play(
+        u"<ctrl+t F2>Results<Return>A chart and a table:<Return alt+i p>{Image}%1<Return>"_s.arg(chart)));
     shot(u"2-picture-size"_s);
-    m_desktop.key(u"Return"_s);
-    QTest::qWait(500);
-    m_desktop.key(u"Return alt+i t"_s);
-    QVERIFY(m_desktop.wait_for(u"Table"_s));
-    m_desktop.type(u"2"_s);
-    m_desktop.key(u"Tab"_s);
-    m_desktop.type(u"3"_s);
-    m_desktop.key(u"Return"_s);
-    QTest::qWait(500);
+    QVERIFY(m_desktop.play(u"<Return>{Untitled}<Return alt+i t>{Table}2<Tab>3<Return>"_s));
     shot(u"3-table"_s);
-
-    m_desktop.key(u"alt+f d"_s);
-    QVERIFY(m_desktop.wait_for(u"Download"_s));
-    m_desktop.type(server.url("/sources.html"));
-    m_desktop.key(u"Return"_s);
-    QTRY_COMPARE_WITH_TIMEOUT(titles_of(recovery().value_or(Document())),
-                              QStringList({u"Section"_s, u"Results"_s, u"sources"_s}), 20000);
+    QVERIFY(m_desktop.play(u"<alt+f d>{Download}%1<Return>"_s.arg(server.url("/sources.html"))));
+    QTRY_COMPARE_WITH_TIMEOUT(recovered_titles(), QStringList({u"Section"_s, u"Results"_s, u"sources"_s}), 20000);
     shot(u"4-download"_s);
 }
 
 void TstDocumentEditor::arrange_sections()
 {
-    m_desktop.key(u"ctrl+shift+Prior"_s); // before the results
-    m_desktop.key(u"ctrl+w"_s);
-    QVERIFY(m_desktop.wait_for(u"Deletion"_s));
+    QVERIFY(m_desktop.play(u"<ctrl+shift+Prior ctrl+w>{Deletion}"_s)); // once it is before the results
     shot(u"5-close"_s);
     m_desktop.key(u"alt+y"_s);
-    QTRY_COMPARE_WITH_TIMEOUT(titles_of(recovery().value_or(Document())), QStringList({u"Section"_s, u"Results"_s}),
-                              20000);
+    QTRY_COMPARE_WITH_TIMEOUT(recovered_titles(), QStringList({u"Section"_s, u"Results"_s}), 20000);
     m_desktop.key(u"ctrl+shift+t"_s);
-    QTRY_COMPARE_WITH_TIMEOUT(titles_of(recovery().value_or(Document())),
-                              QStringList({u"Section"_s, u"sources"_s, u"Results"_s}), 20000);
+    QTRY_COMPARE_WITH_TIMEOUT(recovered_titles(), QStringList({u"Section"_s, u"sources"_s, u"Results"_s}), 20000);
 }
 
 void TstDocumentEditor::a_report_data()
@@ -183,8 +151,7 @@ void TstDocumentEditor::a_report()
     server.answers["/sources.html"] = HttpServer::status("200 OK", "<p>Sources: <b>none</b></p>");
 
     std::unique_ptr<QProcess> program = start(arguments);
-    QVERIFY(m_desktop.wait_for(u"Untitled"_s));
-    QTest::qWait(500);
+    QVERIFY(m_desktop.play(u"{Untitled}"_s));
     write_report(server);
     arrange_sections();
     program->kill();
@@ -192,18 +159,13 @@ void TstDocumentEditor::a_report()
     const Document before = recovery().value();
 
     program = start(arguments);
-    QVERIFY(m_desktop.wait_for(u"Recovery"_s));
-    QTest::qWait(500);
+    QVERIFY(m_desktop.play(u"{Recovery}"_s));
     shot(u"6-recovery"_s);
     m_desktop.dismiss(u"Recovery"_s, u"Return"_s);
-    QVERIFY(m_desktop.wait_for(u"Untitled*"_s));
-    QTest::qWait(800);
+    QVERIFY(m_desktop.play(u"{Untitled*}"_s));
     shot(u"7-recovered"_s);
-    m_desktop.key(u"ctrl+shift+e"_s);
-    QVERIFY(m_desktop.wait_for(u"Export"_s));
-    m_desktop.type(m_directory.filePath(u"report.pdf"_s));
-    m_desktop.key(u"Return"_s);
     const QString pdf = m_directory.filePath(u"report.pdf"_s);
+    QVERIFY(m_desktop.play(u"<ctrl+shift+e>{Export}%1<Return>"_s.arg(pdf)));
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(pdf), 20000);
     const auto reader = m_desktop.run(u"pdftotext"_s, {pdf, u"-"_s});
     QVERIFY(reader->waitForFinished());
@@ -212,13 +174,10 @@ void TstDocumentEditor::a_report()
         QVERIFY2(printed.contains(part), printed.constData());
     QFile::remove(pdf);
 
-    m_desktop.key(u"ctrl+s"_s);
-    QVERIFY(m_desktop.wait_for(u"Save"_s));
-    m_desktop.type(m_directory.filePath(u"report"_s));
-    m_desktop.key(u"Return"_s);
-    QVERIFY(m_desktop.wait_for(u"report.html -"_s));
+    const QString path = m_directory.filePath(u"report.html"_s);
+    QVERIFY(m_desktop.play(u"<ctrl+s>{Save}%1<Return>{report.html -}"_s.arg(path.chopped(5))));
     shot(u"8-saved"_s);
-    const Document saved = from_bytes(read_file(m_directory.filePath(u"report.html"_s)));
+    const Document saved = from_bytes(read_file(path));
     QCOMPARE(titles_of(saved), titles_of(before));
     for (int i = 0; i < saved.sections.size(); ++i)
         QCOMPARE(saved.sections[i].html, before.sections[i].html); // not a byte changed
@@ -228,18 +187,15 @@ void TstDocumentEditor::a_report()
     QVERIFY(saved.sections[2].html.contains("<table"_L1) && saved.sections[2].html.contains("data:image/png"_L1));
 
     quit(program.get());
-    program = start(arguments + QStringList{u"--"_s, m_directory.filePath(u"report.html"_s)});
-    QVERIFY(m_desktop.wait_for(u"report.html"_s));
-    QTest::qWait(500);
-    for (const QString &keys : {u"x BackSpace ctrl+Next"_s, u"x BackSpace ctrl+Next"_s, u"x BackSpace ctrl+s"_s})
-        m_desktop.key(keys); // written anew
+    program = start(arguments + QStringList{u"--"_s, path}); // and written anew
+    QVERIFY(m_desktop.play(u"{report.html}<x BackSpace ctrl+Next><x BackSpace ctrl+Next><x BackSpace ctrl+s>"_s));
     QTRY_VERIFY_WITH_TIMEOUT(!m_desktop.title().contains(u'*'), 20000);
     quit(program.get());
-    const Document again = from_bytes(read_file(m_directory.filePath(u"report.html"_s)));
+    const Document again = from_bytes(read_file(path));
     QCOMPARE(titles_of(again), titles_of(saved));
     for (int i = 0; i < saved.sections.size(); ++i)
         QCOMPARE(again.sections[i].html, saved.sections[i].html);
-    QFile::remove(m_directory.filePath(u"report.html"_s));
+    QFile::remove(path);
 }
 
 /// Asks nothing, leaves nothing.
@@ -259,36 +215,50 @@ QString TstDocumentEditor::two_sections() const
     return path;
 }
 
+SectionTabs *TstDocumentEditor::show_window(const QString &path, std::unique_ptr<RecoveryFile> copy)
+{
+    m_window = copy ? new Window(std::move(copy)) : new Window;
+    m_window->show();
+    if (!path.isEmpty())
+        m_window->open(path);
+    return m_window->findChild<SectionTabs *>();
+}
+
+/// Closes the window, which asks when something would be lost and only then.
+void TstDocumentEditor::cleanup()
+{
+    if (!m_window)
+        return;
+    const bool is_asked = m_window->isWindowModified();
+    Answers answers({u"Discard"_s});
+    m_window->close();
+    QTRY_VERIFY(!m_window);
+    QCOMPARE(answers.all_given(), is_asked);
+}
+
 void TstDocumentEditor::opens_and_reloads()
 {
     const QString path = two_sections();
-    const QPointer<Window> window = new Window;
-    window->show();
-    window->open(path);
-    auto *tabs = window->findChild<SectionTabs *>();
+    SectionTabs *tabs = show_window(path);
     QCOMPARE(titles_of(tabs->document()), QStringList({u"One"_s, u"Two"_s}));
-    QVERIFY(!window->isWindowModified());
+    QVERIFY(!m_window->isWindowModified());
 
-    QVERIFY(QTest::qWaitForWindowActive(window));
+    QVERIFY(QTest::qWaitForWindowActive(m_window));
     Answers answers({u"Yes"_s});
     write_file(path, to_bytes({{{u"New"_s, {}, u"<p>third</p>"_s}, {u"Two"_s, {}, u"<p>second</p>"_s}}, {}}));
     QTRY_COMPARE(titles_of(tabs->document()), QStringList({u"New"_s, u"Two"_s}));
     QVERIFY(answers.asked().contains("another program"_L1));
     QCOMPARE(tabs->current_page()->editor()->text_edit->toPlainText(), u"third"_s);
-    window->close(); // asks nothing
-    QTRY_VERIFY(!window);
 }
 
 void TstDocumentEditor::download_failures()
 {
     HttpServer server;
     server.answers["/none"] = HttpServer::status("404 Not Found");
-    const QPointer<Window> window = new Window;
-    window->show();
-    const auto actions = window->findChildren<QAction *>();
+    SectionTabs *tabs = show_window();
+    const auto actions = m_window->findChildren<QAction *>();
     const auto is_download = [](const QAction *action) { return action->text().startsWith("&Download"_L1); };
     QAction *download = *std::find_if(actions.begin(), actions.end(), is_download);
-    auto *tabs = window->findChild<SectionTabs *>();
     const auto before = titles_of(tabs->document());
     const std::pair<QString, QString> failures[] = {{server.url("/none"), u"404"_s},
                                                     {u"http://127.0.0.1:1/a"_s, u"refused"_s}};
@@ -296,29 +266,22 @@ void TstDocumentEditor::download_failures()
         Answers answers({address, u"OK"_s});
         download->trigger();
         QVERIFY2(answers.all_given() && answers.asked().contains(reason), qPrintable(answers.asked()));
-        QVERIFY(titles_of(tabs->document()) == before && !window->isWindowModified());
+        QVERIFY(titles_of(tabs->document()) == before && !m_window->isWindowModified());
     }
-    window->close();
-    QTRY_VERIFY(!window);
 }
 
 void TstDocumentEditor::closes_before_the_next_is_loaded()
 {
-    const QPointer<Window> window = new Window;
-    window->show();
-    window->open(two_sections());
-    const auto buttons = window->findChildren<QToolButton *>();
+    SectionTabs *tabs = show_window(two_sections());
+    const auto buttons = m_window->findChildren<QToolButton *>();
     for (QToolButton *button : buttons) {
         if (button->text() == "Stop"_L1)
             button->click();
     }
-    auto *tabs = window->findChild<SectionTabs *>();
-    Answers answers({u"Yes"_s, u"Discard"_s});
+    const Answers answers({u"Yes"_s});
     tabs->closeTab(0);
     QCOMPARE(titles_of(tabs->document()), QStringList(u"Two"_s));
     QCOMPARE(tabs->current_page()->editor()->text_edit->toPlainText(), u"second"_s);
-    window->close();
-    QTRY_VERIFY(!window);
 }
 
 /// Given up while the sections are being asked for their content.
@@ -350,30 +313,23 @@ void TstDocumentEditor::recovery_keeps_closed_sections()
 {
     auto file = std::make_unique<RecoveryFile>();
     const QString copy = file->path();
-    auto *window = new Window(std::move(file));
-    window->show();
-    window->open(two_sections());
-    auto *tabs = window->findChild<SectionTabs *>();
+    SectionTabs *tabs = show_window(two_sections(), std::move(file));
     tabs->current_page()->editor()->text_edit->insertPlainText(u"unsaved "_s);
-    Answers answers({u"Yes"_s, u"Discard"_s});
+    const Answers answers({u"Yes"_s});
     tabs->closeTab(0);
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(copy), 10000);
-    delete window; // as in a crash
+    delete m_window; // as in a crash
 
     auto found = RecoveryFile::left_behind();
     QCOMPARE(found.size(), 1u);
-    const QPointer<Window> next = new Window(std::move(found.front()));
-    next->show_document(from_bytes(read_file(copy)));
-    next->show();
-    tabs = next->findChild<SectionTabs *>();
+    tabs = show_window({}, std::move(found.front()));
+    m_window->show_document(from_bytes(read_file(copy)));
     QCOMPARE(titles_of(tabs->document()), QStringList(u"Two"_s));
     QTest::qWait(300);
-    QVERIFY(QFile::exists(copy) && next->isWindowModified()); // until it is saved
+    QVERIFY(QFile::exists(copy) && m_window->isWindowModified()); // until it is saved
     tabs->restore_section();
     QCOMPARE(titles_of(tabs->document()), QStringList({u"One"_s, u"Two"_s}));
     QCOMPARE(tabs->current_page()->editor()->text_edit->toPlainText(), u"unsaved first"_s);
-    next->close();
-    QTRY_VERIFY(!next);
 }
 
 void TstDocumentEditor::recovery_knows_of_a_newer_file()
@@ -385,61 +341,50 @@ void TstDocumentEditor::recovery_knows_of_a_newer_file()
     QVERIFY(later.setFileTime(QDateTime::currentDateTime().addSecs(-10), QFileDevice::FileModificationTime));
     later.close();
 
-    QPointer<Window> window;
     Document document = {{{u"Mine"_s, {}, u"<p>older</p>"_s}}, path, stamp};
     for (int crash = 0; crash < 2; ++crash) { // the second copy is newer than the file
-        delete window;
+        delete m_window;
         auto file = std::make_unique<RecoveryFile>();
         const QString copy = file->path();
-        window = new Window(std::move(file));
-        window->show_document(document);
-        window->findChild<SectionTabs *>()->current_page()->editor()->text_edit->insertPlainText(u"x"_s);
+        m_window = new Window(std::move(file)); // not shown: it would ask about the newer file
+        m_window->show_document(document);
+        m_window->findChild<SectionTabs *>()->current_page()->editor()->text_edit->insertPlainText(u"x"_s);
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(copy), 10000);
         document = from_bytes(read_file(copy));
     }
     Answers answers({u"Cancel"_s, u"Yes"_s});
-    QVERIFY(!window->save());
+    QVERIFY(!m_window->save());
     QVERIFY(answers.asked().contains("another program"_L1));
     QCOMPARE(titles_of(from_bytes(read_file(path))), QStringList({u"One"_s, u"Two"_s}));
-    QVERIFY(window->save());
+    QVERIFY(m_window->save());
     QCOMPARE(titles_of(from_bytes(read_file(path))), QStringList(u"Mine"_s));
     QVERIFY(answers.all_given());
-    QVERIFY(window->save()); // asks nothing
-    window->close();
-    QTRY_VERIFY(!window);
+    QVERIFY(m_window->save()); // asks nothing
 }
 
 void TstDocumentEditor::export_spares_the_document()
 {
     const QString path = two_sections();
     const QByteArray before = read_file(path);
-    const QPointer<Window> window = new Window;
-    window->show();
-    window->open(path);
-    QVERIFY(QTest::qWaitForWindowActive(window));
+    show_window(path);
+    QVERIFY(QTest::qWaitForWindowActive(m_window));
     Answers answers({path, u"Yes"_s, u"OK"_s});
-    QTest::keyClick(window, Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
+    QTest::keyClick(m_window, Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
     QTRY_VERIFY(answers.all_given());
     QVERIFY(answers.asked().contains("the document itself"_L1));
     QCOMPARE(read_file(path), before);
-    window->close();
-    QTRY_VERIFY(!window);
 }
 
 void TstDocumentEditor::documents_have_their_suffix()
 {
-    const QPointer<Window> window = new Window;
-    window->show();
-    window->open(two_sections());
+    show_window(two_sections());
     const QString path = m_directory.filePath(u"v1.2"_s);
     for (const QString &answer : {u"Yes"_s, u"Cancel"_s}) {
         Answers answers({path, answer});
-        QVERIFY(window->save_as() != answers.all_given()); // the second one asks
+        QVERIFY(m_window->save_as() != answers.all_given()); // the second one asks
     }
     QVERIFY(!QFile::exists(path));
     QCOMPARE(from_bytes(read_file(path + ".html"_L1)).sections.size(), 2);
-    window->close();
-    QTRY_VERIFY(!window);
 }
 
 /// Of what was typed, never more than the last five seconds are lost, and what is there can be read.
@@ -484,59 +429,48 @@ void TstDocumentEditor::kills()
 
 void TstDocumentEditor::full_disk()
 {
-    const QPointer<Window> window = new Window;
-    window->show();
-    QVERIFY(QTest::qWaitForWindowActive(window));
+    SectionTabs *tabs = show_window();
+    QVERIFY(QTest::qWaitForWindowActive(m_window));
     const auto told = [&] {
-        const auto labels = window->statusBar()->findChildren<QLabel *>();
+        const auto labels = m_window->statusBar()->findChildren<QLabel *>();
         return std::any_of(labels.begin(), labels.end(), [](const QLabel *label) {
             return label->isVisible() && label->text().contains("No recovery copy can be written: "_L1);
         });
     };
-    // Files of this process can have no bytes for a while.
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit limit = {};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    const rlimit none = {0, limit.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &none);
-    QTest::keyClicks(window->focusWidget(), u"Nothing is lost"_s);
-    const bool was_told = QTest::qWaitFor(told, 10000);
-    Answers answers({m_directory.filePath(u"full.html"_s), u"OK"_s});
-    const bool was_saved = window->save();
-    setrlimit(RLIMIT_FSIZE, &limit);
-    QVERIFY(was_told);
-    QVERIFY(!was_saved && answers.asked().contains("not saved"_L1));
-    const QTextEdit *text = window->findChild<SectionTabs *>()->current_page()->editor()->text_edit;
-    QCOMPARE(text->toPlainText(), u"Nothing is lost"_s);
-    QVERIFY(window->isWindowModified());
+    {
+        const FullDisk disk(0);
+        QTest::keyClicks(m_window->focusWidget(), u"Nothing is lost"_s);
+        const bool was_told = QTest::qWaitFor(told, 10000);
+        Answers answers({m_directory.filePath(u"full.html"_s), u"OK"_s});
+        QVERIFY(!m_window->save() && answers.asked().contains("not saved"_L1));
+        QVERIFY(was_told);
+    }
+    QCOMPARE(tabs->current_page()->editor()->text_edit->toPlainText(), u"Nothing is lost"_s);
+    QVERIFY(m_window->isWindowModified());
     QTRY_VERIFY_WITH_TIMEOUT(!told(), 10000); // there is room again
-    Answers last({u"Discard"_s});
-    window->close();
-    QTRY_VERIFY(!window);
 }
 
 void TstDocumentEditor::keys_are_unambiguous()
 {
-    Window *window = new Window;
+    show_window();
     QStringList shortcuts;
-    const auto actions = window->findChildren<QAction *>(Qt::FindDirectChildrenOnly);
+    const auto actions = m_window->findChildren<QAction *>(Qt::FindDirectChildrenOnly);
     for (const QAction *action : actions)
         shortcuts += QKeySequence::listToString(action->shortcuts()).split(u"; "_s, Qt::SkipEmptyParts);
-    const auto menus = window->menuBar()->findChildren<QMenu *>();
+    const auto menus = m_window->menuBar()->findChildren<QMenu *>();
     for (const QMenu *menu : menus) {
         QStringList letters;
         const auto items = menu->actions();
         for (const QAction *action : items) {
             if (const QKeySequence letter = QKeySequence::mnemonic(action->text()); !letter.isEmpty())
                 letters.append(letter.toString());
-            if (action->parent() != window)
+            if (action->parent() != m_window)
                 shortcuts += QKeySequence::listToString(action->shortcuts()).split(u"; "_s, Qt::SkipEmptyParts);
         }
         QVERIFY2(letters.removeDuplicates() == 0, qPrintable(menu->title() + letters.join(u' ')));
     }
     QVERIFY(shortcuts.size() > 30);
     QVERIFY2(shortcuts.removeDuplicates() == 0, qPrintable(shortcuts.join(u' ')));
-    window->close();
 }
 
 MY_CLASSES_TEST_MAIN(TstDocumentEditor)

@@ -1,22 +1,16 @@
 // SPDX-FileCopyrightText: 2026 the my_classes authors
 // SPDX-License-Identifier: MIT
 
+#include "answers.h"
+
 #include "document_file.h"
 #include "files.h"
 #include "importer.h"
 #include "recovery_file.h"
 
-#include "support/test_support.h"
-
 #include <my_classes/custom_text_editor.h>
 
 #include <QtCore/QCryptographicHash>
-#include <QtCore/QRandomGenerator>
-#include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
-
-#include <csignal>
-#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 using namespace document_editor;
@@ -186,15 +180,13 @@ void TstDocumentFile::full_disk_keeps_the_earlier_copy()
     file.write(document);
     QTRY_COMPARE(written.count(), 1);
 
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit limit = {};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    const rlimit small = {500, limit.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-    for (const int size : {1, 100000}) // in Qt's buffer, and beyond
-        file.write({{{u"Other"_s, {}, QString(size, u'x')}}, {}});
-    const bool has_failed = QTest::qWaitFor([&] { return failed.count() == 2; });
-    setrlimit(RLIMIT_FSIZE, &limit);
+    bool has_failed = false;
+    {
+        const FullDisk disk(500);
+        for (const int size : {1, 100000}) // in Qt's buffer, and beyond
+            file.write({{{u"Other"_s, {}, QString(size, u'x')}}, {}});
+        has_failed = QTest::qWaitFor([&] { return failed.count() == 2; });
+    }
     QVERIFY(has_failed);
     for (const QList<QVariant> &reason : failed)
         QVERIFY2(reason.at(0).toString().contains("too large"_L1), qPrintable(reason.at(0).toString()));
