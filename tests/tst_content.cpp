@@ -4,6 +4,7 @@
 #include "support/layout_comparison.h"
 #include "support/test_support.h"
 
+#include <my_classes/custom_tab.h>
 #include <my_classes/custom_text_editor.h>
 
 #include <QtGui/QPdfWriter>
@@ -453,22 +454,31 @@ void TstContent::deleted_in_slots()
     using Editor = CustomTextEditor;
     using Change = std::function<void(Editor &)>;
     const auto dies = [this](auto sender, auto signal, const Change &change) {
-        const QPointer<Editor> editor = new Editor({}, nullptr, u"en_US"_s);
+        auto *tab = new CustomTab({}, {}, u"en_US"_s);
+        const QPointer<Editor> editor = tab->editor;
         editor->set_html_content(u"<b>teh</b> cat"_s);
         editor->check_spelling();
         select(editor->text_edit, 1);
-        connect(sender(editor.data()), signal, this, [editor] { delete editor.data(); });
+        connect(sender(editor.data()), signal, this, [tab] { delete tab; });
         change(*editor);
         return !editor;
     };
     const auto itself = [](Editor *editor) { return editor; };
-    QVERIFY(dies(itself, &Editor::read_only_changed, [](Editor &editor) { editor.set_read_only(true); }));
+    const auto page = [](Editor *editor) { return static_cast<CustomTab *>(editor->parent()); };
+    const Change changes[] = {
+        [](Editor &editor) { QTest::keyClick(editor.text_edit, 'x'); },
+        [](Editor &editor) { editor.text_edit->setDocument(new QTextDocument(editor.text_edit)); },
+        [](Editor &editor) { editor.insert_table_of_size(2, 2); },
+        [](Editor &editor) { editor.insert_numbered_list(); },
+    };
+    for (const Change &change : changes) {
+        QVERIFY(dies(itself, &Editor::counts_changed, change));
+        QVERIFY(dies(page, &CustomTab::text_changed, change));
+    }
+    QVERIFY(dies(page, &CustomTab::text_changed, [](Editor &editor) { editor.set_line_spacing(2); }));
+    QVERIFY(dies(itself, &Editor::modified_changed, changes[0]));
     QVERIFY(dies(itself, &Editor::modified_changed, [](Editor &editor) { editor.set_modified(true); }));
-    QVERIFY(dies(itself, &Editor::counts_changed, [](Editor &editor) { editor.insert_table_of_size(2, 2); }));
-    QVERIFY(dies(itself, &Editor::counts_changed, [](Editor &editor) { editor.insert_numbered_list(); }));
-    const Change type = [](Editor &editor) { QTest::keyClick(editor.text_edit, 'x'); };
-    QVERIFY(dies(itself, &Editor::counts_changed, type));
-    QVERIFY(dies(itself, &Editor::modified_changed, type));
+    QVERIFY(dies(itself, &Editor::read_only_changed, [](Editor &editor) { editor.set_read_only(true); }));
     // Qt does not survive it in a signal of the text area or its document.
     const auto select_quietly = [](Editor &editor, int anchor, int position) {
         const QSignalBlocker quiet(editor.text_edit);

@@ -68,7 +68,8 @@ public:
     CustomTextEditor *editor = nullptr;
 
 Q_SIGNALS:
-    /// Always carries "Text changed": ask the content interface for the text.
+    /// Always carries "Text changed": ask the content interface for the text. The host may delete the tab for it, as
+    /// the editor for CustomTextEditor::counts_changed().
     void text_changed(const QString &message);
 
 private:

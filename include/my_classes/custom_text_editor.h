@@ -334,11 +334,12 @@ Q_SIGNALS:
     void word_added_to_dictionary(const QString &word);
     /// check_spelling() has found these words, each once.
     void check_spelling_done(const QSet<QString> &misspelled);
-    /// The statistics line shows other numbers.
+    /// The statistics line shows other numbers. The host may delete the editor for it: the text area then ends what it
+    /// was doing, and goes with the next events.
     void counts_changed(const my_classes::EditorCounts &counts);
     /// zoom_percent is another one, by the person or the host.
     void zoom_changed(int percent);
-    /// is_modified() has changed.
+    /// is_modified() has changed. The host may delete the editor for it, as for counts_changed().
     void modified_changed(bool modified);
     /// The text area has become read-only, or is so no longer.
     void read_only_changed(bool read_only);
@@ -350,6 +351,7 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
+    friend class CustomTab;
     friend class WordMarker;
 
     struct ForForms

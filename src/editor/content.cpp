@@ -74,7 +74,7 @@ void CustomTextEditor::insert_after_selection(const QString &text)
     const QPointer<QTextEdit> here(text_edit);
     cursor.endEditBlock();
     if (here) // who hears of it may delete it
-        text_edit->setTextCursor(cursor);
+        here->setTextCursor(cursor);
 }
 
 void CustomTextEditor::replace_selected_text(const QString &text)

@@ -64,7 +64,7 @@ CustomTextEditor::~CustomTextEditor()
 {
     delete search_dialog.data();
     if (m_is_telling) { // what the text area and its document are doing goes on
-        text_edit->disconnect(this);
+        text_edit->blockSignals(true);
         text_edit->setParent(nullptr);
         text_edit->deleteLater();
     }
@@ -171,13 +171,17 @@ void CustomTextEditor::follow_document()
     QTextDocument *document = text_edit->document();
     if (m_statistics->document() == document)
         return;
+    const QPointer<CustomTextEditor> here(this); // who hears of what follows may delete it
     const bool was_modified = is_modified();
     move_zoom(m_statistics->document(), document);
+    if (!here)
+        return;
     attach_to_document();
     highlighter->setMisspelled({}); // those of the other document
-    highlighter->setDocument(document);
-    if (was_modified != is_modified())
-        Q_EMIT modified_changed(!was_modified);
+    if (here)
+        highlighter->setDocument(document);
+    if (here && was_modified != is_modified())
+        tell([&] { Q_EMIT modified_changed(!was_modified); });
 }
 
 /// Leaves the document before as it was found.

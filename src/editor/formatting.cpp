@@ -194,7 +194,7 @@ void CustomTextEditor::set_line_spacing(double factor)
     const QPointer<QTextEdit> here(text_edit);
     cursor.mergeBlockFormat(format);
     if (here) // who hears of it may delete it
-        text_edit->setTextCursor(cursor);
+        here->setTextCursor(cursor);
 }
 
 void CustomTextEditor::clear_formatting()

@@ -45,7 +45,7 @@ CustomTextEditor *CustomTab::create_editor()
 
 void CustomTab::editor_text_changed()
 {
-    Q_EMIT text_changed(u"Text changed"_s);
+    editor->tell([this] { Q_EMIT text_changed(u"Text changed"_s); });
 }
 
 QString CustomTab::get_html_content() const
