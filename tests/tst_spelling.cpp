@@ -95,6 +95,7 @@ private Q_SLOTS:
     void processes_see_each_others_words_and_lose_none();
     void checking_again_equals_a_fresh_check();
     void underlines_equal_the_plain_way();
+    void a_derived_highlighter_formats_edits();
     void underlining_leaves_composed_text_alone();
     void first_misspelled_word_is_shown();
     void person_corrects_and_adds_words();
@@ -260,6 +261,20 @@ void TstSpelling::underlines_equal_the_plain_way()
                 cursor.insertText(any_of(some, 4, &random));
         }
     }
+}
+
+void TstSpelling::a_derived_highlighter_formats_edits()
+{
+    struct Derived : CustomHighlighter
+    {
+        using CustomHighlighter::CustomHighlighter;
+        void highlightBlock(const QString &text) override { setFormat(0, static_cast<int>(text.size()), Qt::blue); }
+    };
+    QTextDocument document;
+    document.documentLayout();
+    const Derived highlighter(&document);
+    QTextCursor(&document).insertText(u"teh"_s);
+    QCOMPARE(document.firstBlock().layout()->formats().value(0).format.foreground(), QBrush(Qt::blue));
 }
 
 void TstSpelling::underlining_leaves_composed_text_alone()

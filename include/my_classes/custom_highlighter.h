@@ -52,6 +52,8 @@ private:
     void add_to_list(const QString &word);
     void remove_from_list(const QString &word);
     bool mark(const QTextBlock &block);
+    void take_over_edits();
+    void mark_edited(int position, int removed, int added);
     QList<QTextLayout::FormatRange> underlines(const QTextBlock &block, const QString &text) const;
 
     std::unique_ptr<MisspelledMatcher> m_matcher;

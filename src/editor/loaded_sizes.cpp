@@ -4,6 +4,7 @@
 #include "editor/loaded_sizes.h"
 
 #include <QtCore/QPointer>
+#include <QtCore/QStringBuilder>
 #include <QtGui/QFont>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
@@ -93,7 +94,7 @@ QString without_size_of(const QFont &font, const QString &html)
     const qsizetype at = body < 0 ? -1 : html.indexOf(size, body);
     if (at < 0 || at > html.indexOf(u'>', body) || html.indexOf(size, at + 1) >= 0 || html.indexOf(u"<hr"_s, at) >= 0)
         return {};
-    return QString(html).remove(at, size.size());
+    return QStringView(html).first(at) % QStringView(html).sliced(at + size.size());
 }
 
 } // namespace my_classes

@@ -5,7 +5,41 @@
 
 #include <QtCore/QChar>
 
+#include <iterator>
+
 namespace my_classes {
+
+namespace {
+
+enum class Kind : quint8 { InWord, Blank, SentenceEnd, Surrogate };
+
+Kind rare_kind(QChar c)
+{
+    if (c.isSpace())
+        return Kind::Blank;
+    return c.isSurrogate() ? Kind::Surrogate : Kind::InWord;
+}
+
+struct CommonKinds
+{
+    constexpr CommonKinds()
+    {
+        for (const char16_t code : {u'\t', u'\n', u'\v', u'\f', u'\r', u' '})
+            of[code] = Kind::Blank;
+        for (const char16_t code : {u'.', u'!', u'?'})
+            of[code] = Kind::SentenceEnd;
+    }
+
+    Kind of[128]{}; // InWord
+};
+constexpr CommonKinds k_common;
+
+inline Kind kind_of(QChar c)
+{
+    return c.unicode() < std::size(k_common.of) ? k_common.of[c.unicode()] : rare_kind(c);
+}
+
+} // namespace
 
 TextCounts count_text(QStringView text)
 {
@@ -13,26 +47,24 @@ TextCounts count_text(QStringView text)
     bool in_word = false;
     bool in_sentence = false;
     int surrogate_pairs = 0;
-    QChar previous;
-    for (const QChar c : text) {
-        if (c.isLowSurrogate() && previous.isHighSurrogate()) {
-            ++surrogate_pairs;
-            previous = QChar(); // a pair is used up
-        } else {
-            previous = c;
-        }
-        if (c.isSpace()) {
+    for (auto c = text.begin(); c != text.end();) {
+        const Kind kind = kind_of(*c++);
+        if (kind == Kind::Blank) {
             in_word = false;
             continue;
         }
         counts.words += in_word ? 0 : 1;
         in_word = true;
-        const bool ends_sentence = c == u'.' || c == u'!' || c == u'?';
+        const bool ends_sentence = kind == Kind::SentenceEnd;
         counts.sentences += !ends_sentence && !in_sentence ? 1 : 0;
         in_sentence = !ends_sentence;
         if (counts.is_blank)
             counts.starts_inside_sentence = in_sentence;
         counts.is_blank = false;
+        if (kind == Kind::Surrogate && c != text.end() && c[-1].isHighSurrogate() && c->isLowSurrogate())
+            ++surrogate_pairs;
+        while (in_sentence && c != text.end() && kind_of(*c) == Kind::InWord) // most of a text: nothing changes
+            ++c;
     }
     counts.ends_inside_sentence = in_sentence;
     counts.code_units = static_cast<int>(text.size());

@@ -284,7 +284,7 @@ void DocumentLayout::drop_lines()
     const bool are_few = is_current() && m_heights.with_lines_count() < m_heights.count() / k_few_of;
     if (m_has_stray_lines || !are_few) {
         for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
-            block.layout()->clearLayout();
+            block.clearLayout();
     } else {
         for (int i = m_heights.next_with_lines(0); i >= 0; i = m_heights.next_with_lines(i + 1))
             document()->findBlockByNumber(i).layout()->clearLayout();
@@ -319,7 +319,7 @@ bool DocumentLayout::update_paragraphs(int from, int added)
     QTextBlock block = first;
     for (int i = 0; i < count; ++i, block = block.next()) {
         if (old_count != count || old[i].has_lines || m_has_stray_lines)
-            block.layout()->clearLayout(); // QTextCursor would go on using the lines
+            block.clearLayout(); // QTextCursor would go on using the lines
         if (old_count == count && !block.isVisible())
             old[i].height = old[i].gap = 0;
     }

@@ -12,6 +12,7 @@
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextLayout>
 
+#include <typeinfo>
 #include <utility>
 
 namespace my_classes {
@@ -68,10 +69,17 @@ void CustomHighlighter::setDocument(QTextDocument *document)
     // Before the base class, whose formatting of an edit depends on where the person types.
     disconnect(m_edits);
     if (document) {
-        m_edits = connect(document, &QTextDocument::contentsChange, this, [this](int position, int removed, int added) {
+        const auto follow = [this, document, is_first = true](int position, int removed, int added) mutable {
+            if (document != this->document()) // which the base class was told by itself
+                return;
+            if (std::exchange(is_first, false))
+                take_over_edits();
             if (m_marker)
                 m_marker->edited(position, removed, added);
-        });
+            if (typeid(*this) == typeid(CustomHighlighter))
+                mark_edited(position, removed, added);
+        };
+        m_edits = connect(document, &QTextDocument::contentsChange, document, follow);
     }
     // The base class would put off a full pass to the next turn of the event loop; one without words to mark, at once,
     // takes its place.
@@ -95,6 +103,30 @@ void CustomHighlighter::rehighlight()
     for (QTextBlock block = document()->firstBlock(); block.isValid(); block = block.next()) {
         if (mark(block))
             changed.add(block);
+    }
+}
+
+/// The base class formats letter by letter, words to mark or not, which takes as long as reading a new text does. A
+/// class of a host's may format more than we do, and keeps that.
+void CustomHighlighter::take_over_edits()
+{
+    constexpr const char *k_of_base = "_q_reformatBlocks(int,int,int)"; // elsewhere it goes on, to the same effect
+    const int change = document()->metaObject()->indexOfSignal("contentsChange(int,int,int)");
+    const int formatting = metaObject()->indexOfSlot(k_of_base);
+    if (formatting >= 0 && typeid(*this) == typeid(CustomHighlighter))
+        QMetaObject::disconnect(document(), change, this, formatting);
+}
+
+void CustomHighlighter::mark_edited(int position, int removed, int added)
+{
+    const int end = position + added + (removed > 0 ? 1 : 0);
+    const QTextBlock first = document()->findBlock(position);
+    ChangedText changed(document());
+    for (QTextBlock block = first; block.isValid() && block.position() <= end; block = block.next()) {
+        if (mark(block))
+            changed.add(block);
+        if (m_matcher->is_empty()) // what stands behind is new, and has nothing to take away
+            break;
     }
 }
 
