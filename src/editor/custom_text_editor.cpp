@@ -12,6 +12,7 @@
 #include "editor/typing_format.h"
 #include "editor/wrapping_tool_bar.h"
 #include "editor/writing_colours.h"
+#include "frame/quiet.h"
 #include "spelling/word_marker.h"
 
 #include <my_classes/custom_highlighter.h>
@@ -171,16 +172,14 @@ void CustomTextEditor::follow_document()
     QTextDocument *document = text_edit->document();
     if (m_statistics->document() == document)
         return;
-    const QPointer<CustomTextEditor> here(this); // who hears of what follows may delete it
+    const Quiet quiet(text_edit); // it tells of the change as a whole
     const bool was_modified = is_modified();
     move_zoom(m_statistics->document(), document);
-    if (!here)
-        return;
     attach_to_document();
-    highlighter->setMisspelled({}); // those of the other document
-    if (here)
-        highlighter->setDocument(document);
-    if (here && was_modified != is_modified())
+    const Quiet uncounted(m_statistics.get()); // what comes next counts
+    highlighter->setMisspelled({});            // those of the other document
+    highlighter->setDocument(document);
+    if (was_modified != is_modified())
         tell([&] { Q_EMIT modified_changed(!was_modified); });
 }
 
