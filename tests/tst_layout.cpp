@@ -158,6 +158,12 @@ void TestLayout::keeps_the_top_text()
         QCoreApplication::processEvents();
         QCOMPARE(top_paragraph(windows.ours()), paragraph);
     }
+    for (const auto mode : {QTextEdit::NoWrap, QTextEdit::FixedColumnWidth, QTextEdit::WidgetWidth}) {
+        windows.ours()->setLineWrapMode(mode);
+        QCoreApplication::processEvents();
+        QCOMPARE(top_paragraph(windows.ours()), paragraph);
+        QCOMPARE(layout_name(windows.ours()), own_name);
+    }
     for (int i = 0; i < 5; ++i) {
         windows.editor.zoom_in();
         QCoreApplication::processEvents();

@@ -46,8 +46,9 @@ void keep_glyphs(const QTextBlock &block)
 
 } // namespace
 
-DocumentLayout::DocumentLayout(QTextDocument *document)
+DocumentLayout::DocumentLayout(QTextDocument *document, std::function<int()> columns)
     : QAbstractTextDocumentLayout(document)
+    , m_columns(std::move(columns))
 {
     const QAbstractTextDocumentLayout *qt_layout = m_picture_source.documentLayout();
     registerHandler(QTextFormat::ImageObject,
@@ -56,6 +57,13 @@ DocumentLayout::DocumentLayout(QTextDocument *document)
     m_announcing.setSingleShot(true);
     connect(&m_measuring, &QTimer::timeout, this, &DocumentLayout::work_in_quiet);
     connect(&m_announcing, &QTimer::timeout, this, &DocumentLayout::announce_size);
+}
+
+Page DocumentLayout::present_page() const
+{
+    Page page = Page::of(document(), paintDevice());
+    page.columns = m_columns();
+    return page;
 }
 
 /// Not inside of edits, when paragraphs have come or gone that are not notified yet.
@@ -229,26 +237,28 @@ void DocumentLayout::announce_size()
 void DocumentLayout::documentChanged(int from, int removed, int added)
 {
     const QScopedValueRollback<bool> busy(m_is_changing, true);
-    const Page page = Page::of(document(), paintDevice());
+    const Page page = present_page();
     if (page != m_page || !update_paragraphs(from, added)) {
+        const bool is_alike = from == 0 && removed == 0 && page.breaks_lines() == m_page.breaks_lines();
         m_page = page;
-        estimate_everything(from == 0 && removed == 0);
+        estimate_everything(is_alike);
     }
     put_off_measuring();
     announce_size();
 }
 
-/// Of the same text as before, or of any.
-void DocumentLayout::estimate_everything(bool is_same_text)
+/// Of the same text as before with lines that end for the same reason, or of any.
+void DocumentLayout::estimate_everything(bool is_alike)
 {
     drop_lines();
     m_overhang = 0;
     m_estimate = HeightEstimate(m_page);
-    if (!is_same_text || !is_current() || !scale_heights()) {
+    if (!is_alike || !is_current() || !scale_heights()) {
         if (document()->isLayoutEnabled())
             m_estimate.sample(document(), m_page, k_sample);
         m_heights.replace(0, m_heights.count(), estimates(document()->begin(), document()->blockCount()));
     }
+    measure_widest();
     Q_EMIT estimated();
     Q_EMIT update();
 }
@@ -272,10 +282,23 @@ bool DocumentLayout::scale_heights()
     }
     if (before == 0 || now == 0)
         return false;
-    m_heights.estimate_from_present(static_cast<double>(now) / static_cast<double>(before));
+    m_heights.estimate_from_present(static_cast<double>(now) / static_cast<double>(before), !m_page.breaks_lines());
     for (const auto &[index, extent] : seen)
         m_heights.set_extent(index, extent);
     return true;
+}
+
+/// Where lines are as long as their text: so that the document's width hardly changes later.
+void DocumentLayout::measure_widest()
+{
+    if (m_page.breaks_lines() || !document()->isLayoutEnabled())
+        return;
+    for (int i = 0; i < k_few_paragraphs; ++i) {
+        const int index = m_heights.widest();
+        if (index < 0 || m_heights.extent(index).is_measured)
+            return;
+        lay_out_now(index, 1);
+    }
 }
 
 /// QTextCursor would go on using lines that are no longer right.
@@ -321,7 +344,7 @@ bool DocumentLayout::update_paragraphs(int from, int added)
         if (old_count != count || old[i].has_lines || m_has_stray_lines)
             block.clearLayout(); // QTextCursor would go on using the lines
         if (old_count == count && !block.isVisible())
-            old[i].height = old[i].gap = 0;
+            old[i].height = old[i].gap = old[i].width = 0;
     }
     if (old_count == count) {
         for (ParagraphExtent &extent : old)
@@ -333,6 +356,7 @@ bool DocumentLayout::update_paragraphs(int from, int added)
     if (count <= k_few_paragraphs && document()->isLayoutEnabled())
         lay_out_now(index, count);
     refresh_gap(index + count);
+    measure_widest();
 
     const qreal top = to_pixels(top_of(index) - m_overhang);
     const bool moved = m_heights.total() != old_total;

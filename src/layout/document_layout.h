@@ -12,6 +12,7 @@
 #include <QtGui/QTextDocument>
 
 #include <chrono>
+#include <functional>
 
 QT_BEGIN_NAMESPACE
 class QDeadlineTimer;
@@ -30,7 +31,8 @@ class DocumentLayout : public QAbstractTextDocumentLayout
     Q_PROPERTY(bool contentHasAlignment READ has_alignment) // and this one, clazy:exclude=qproperty-without-notify
 
 public:
-    explicit DocumentLayout(QTextDocument *document);
+    /// `columns`: how many letters of mean width a line may hold, now; 0 for as many as there is room for.
+    DocumentLayout(QTextDocument *document, std::function<int()> columns);
 
     void draw(QPainter *painter, const PaintContext &context) override;
     int hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) const override;
@@ -62,14 +64,16 @@ protected:
 
 private:
     bool has_alignment() const { return true; }
+    Page present_page() const;
     bool is_current() const;
     Units top_of(int index) const { return m_page.top + m_heights.top(index); }
     QRectF rectangle_of(const QTextBlock &block, Units top) const;
     QRectF lines_of(const QTextBlock &block) const;
     ParagraphExtent lay_out(const QTextBlock &block) const;
     void measure(int index, const QTextBlock &block) const;
-    void estimate_everything(bool is_same_text);
+    void estimate_everything(bool is_alike);
     bool scale_heights();
+    void measure_widest();
     void drop_lines();
     std::vector<ParagraphExtent> estimates(const QTextBlock &first, int count) const;
     bool update_paragraphs(int from, int added);
@@ -80,6 +84,7 @@ private:
     bool forget_glyphs(const QDeadlineTimer &end);
     bool measure_everything(const QDeadlineTimer &end);
 
+    std::function<int()> m_columns;
     QTextDocument m_picture_source; // has Qt's handler of pictures
     // Heights become exact in calls that ask for something.
     mutable ParagraphHeights m_heights;

@@ -7,7 +7,7 @@
 
 namespace my_classes {
 
-/// Guesses heights of paragraphs from those of some others.
+/// Guesses heights of paragraphs from those of some others, and widths where lines are as long as their text.
 class HeightEstimate
 {
 public:
@@ -26,6 +26,10 @@ private:
     int m_lines = 0;
     int m_full_lines = 0; // all but the last ones of their paragraphs
     qint64 m_full_line_characters = 0;
+    QFont m_font;
+    bool m_breaks_lines = true;
+    qint64 m_letters = 0;
+    Units m_widths = 0;
     Units m_gaps = 0;
     Units m_line_heights = 0;
 };

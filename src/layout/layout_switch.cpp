@@ -108,8 +108,13 @@ bool LayoutSwitch::wants_qt_layout() const
     const QTextFrame *root = m_document->rootFrame();
     const QList<QTextFrame *> frames = root->childFrames();
     return m_views.isEmpty() || m_document->pageSize().height() > 0 || has_decoration(root->frameFormat()) ||
-           std::any_of(m_views.cbegin(), m_views.cend(), [](const StillView *view) { return !view->is_wrapping(); }) ||
            std::any_of(frames.cbegin(), frames.cend(), is_table_or_float);
+}
+
+/// Of the view that came last.
+int LayoutSwitch::columns() const
+{
+    return m_views.isEmpty() ? 0 : m_views.last()->columns();
 }
 
 /// Ours knows when it is at work; Qt's can be told to rest only when all edits have ended.
@@ -141,7 +146,7 @@ void LayoutSwitch::use_own_layout(bool own)
 {
     const QAbstractTextDocumentLayout *present = m_document->documentLayout();
     if (own && is_qt_layout(present))
-        replace_layout(new DocumentLayout(m_document));
+        replace_layout(new DocumentLayout(m_document, [this] { return columns(); }));
     else if (!own && qobject_cast<const DocumentLayout *>(present))
         replace_layout(nullptr);
 }

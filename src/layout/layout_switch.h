@@ -36,6 +36,7 @@ private:
     explicit LayoutSwitch(QTextDocument *document);
 
     bool wants_qt_layout() const;
+    int columns() const;
     bool is_possible() const;
     void end_edit();
     void check();

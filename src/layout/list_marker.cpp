@@ -6,7 +6,6 @@
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPainter>
 #include <QtGui/QTextBlock>
-#include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextLayout>
 #include <QtGui/QTextList>
@@ -19,44 +18,33 @@ namespace {
 
 using PaintContext = QAbstractTextDocumentLayout::PaintContext;
 
-/// Qt draws check boxes as the style wants them; only its layout knows how.
-void paint_check_box(QPainter *painter, const PaintContext &context, const QTextBlock &item)
+/// Whose cross keeps a distance from the frame.
+void paint_check_box(QPainter *painter, const QRectF &box, int distance, bool is_checked)
 {
-    QTextDocument document;
-    document.setDefaultFont(item.document()->defaultFont());
-    document.setIndentWidth(item.document()->indentWidth());
-    document.setDocumentMargin(0);
-    QTextCursor cursor(&document);
-    QTextBlockFormat format = item.blockFormat();
-    format.setObjectIndex(-1);
-    cursor.setBlockFormat(format);
-    cursor.setBlockCharFormat(item.charFormat());
-    cursor.createList(item.textList()->format());
-    const QTextLine first = item.layout()->lineAt(0);
-    document.setTextWidth(std::max(1.0, first.x() + first.width()));
-    document.documentLayout()->setPaintDevice(item.document()->documentLayout()->paintDevice());
-    PaintContext empty = context;
-    empty.selections.clear();
-    empty.cursorPosition = -1;
-    empty.clip = QRectF();
-    painter->save();
-    painter->translate(item.layout()->position().toPoint());
-    document.documentLayout()->draw(painter, empty);
-    painter->restore();
+    painter->drawRect(box);
+    if (!is_checked)
+        return;
+    const QRectF cross = box.adjusted(distance, distance, -distance, -distance);
+    QPen pen = painter->pen();
+    pen.setWidth(2);
+    painter->setPen(pen);
+    painter->drawLine(cross.topLeft(), cross.bottomRight());
+    painter->drawLine(cross.bottomLeft(), cross.topRight());
 }
 
-void paint_text(QPainter *painter, const QPointF &place, const QString &text, const QFont &font,
-                Qt::LayoutDirection direction, QPaintDevice *device)
+void paint_number(QPainter *painter, qreal x, const QTextBlock &item, const QFont &font)
 {
-    QTextLayout layout(text, font, device);
+    QTextLayout layout(item.textList()->itemText(item), font, item.document()->documentLayout()->paintDevice());
     QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
-    option.setTextDirection(direction);
+    option.setTextDirection(item.textDirection());
     layout.setTextOption(option);
     layout.beginLayout();
     QTextLine line = layout.createLine();
     line.setLeadingIncluded(true);
     layout.endLayout();
-    layout.draw(painter, place);
+    const QPoint top =
+        item.layout()->position().toPoint() + item.layout()->lineAt(0).naturalTextRect().topLeft().toPoint();
+    layout.draw(painter, QPointF(x, top.y()));
 }
 
 void paint_bullet(QPainter *painter, const QRectF &area, QTextListFormat::Style style, const QBrush &brush)
@@ -86,49 +74,66 @@ QTextCharFormat selected_format(const QTextBlock &item, const PaintContext &cont
     return selection == all.crend() ? QTextCharFormat() : selection->format;
 }
 
+bool is_number(const QTextBlock &item)
+{
+    return item.textList()->format().style() <= QTextListFormat::ListDecimal;
+}
+
+QFont marker_font(const QTextBlock &item)
+{
+    QPaintDevice *device = item.document()->documentLayout()->paintDevice();
+    const QFont font = item.charFormat().font().resolve(item.document()->defaultFont());
+    return device ? QFont(font, device) : font;
+}
+
+/// Of the bullet or number, or of it in a check box that has `margin`.
+QRectF marker_area(const QTextBlock &item, const QFontMetrics &metrics, int margin)
+{
+    const QTextLayout *layout = item.layout();
+    const int bullet = metrics.lineSpacing() / 3;
+    const QSizeF size = is_number(item)
+                            ? QSizeF(metrics.horizontalAdvance(item.textList()->itemText(item)), metrics.height())
+                            : QSizeF(bullet, bullet);
+    const QRectF line = layout->lineAt(0).naturalTextRect();
+    const qreal space = metrics.horizontalAdvance(u' ');
+    const QPoint start = layout->position().toPoint() + line.topLeft().toPoint();
+    const bool is_reversed = item.textDirection() == Qt::RightToLeft;
+    const qreal x = start.x() + (is_reversed ? line.width() + space : -space - size.width());
+    const int middle = start.y() + metrics.height() / 2;
+    return {QPointF(x - margin, middle - size.height() / 2), size}; // Qt does not spare right-to-left text either
+}
+
 } // namespace
 
 void paint_list_marker(QPainter *painter, const PaintContext &context, const QTextBlock &item)
 {
     const QTextListFormat::Style style = item.textList()->format().style();
-    const QTextLayout *layout = item.layout();
-    if (style == QTextListFormat::ListStyleUndefined || layout->lineCount() == 0)
+    if (style == QTextListFormat::ListStyleUndefined || item.layout()->lineCount() == 0)
         return;
-    if (item.blockFormat().marker() != QTextBlockFormat::MarkerType::NoMarker) {
-        paint_check_box(painter, context, item);
-        return;
-    }
-    QPaintDevice *device = item.document()->documentLayout()->paintDevice();
-    const QTextCharFormat format = item.charFormat();
-    const QFont font = device ? QFont(format.font().resolve(item.document()->defaultFont()), device)
-                              : format.font().resolve(item.document()->defaultFont());
+    const QFont font = marker_font(item);
     const QFontMetrics metrics(font);
-    const bool is_number = style <= QTextListFormat::ListDecimal;
-    const QString text = is_number ? item.textList()->itemText(item) : QString();
-    const int bullet = metrics.lineSpacing() / 3;
-    const QSizeF size = is_number ? QSizeF(metrics.horizontalAdvance(text), metrics.height()) : QSizeF(bullet, bullet);
-
-    const QRectF line = layout->lineAt(0).naturalTextRect();
-    const qreal space = metrics.horizontalAdvance(u' ');
-    const bool is_reversed = item.textDirection() == Qt::RightToLeft;
-    const QPoint start = layout->position().toPoint() + line.topLeft().toPoint();
-    const qreal x = start.x() + (is_reversed ? line.width() + space : -space - size.width());
-    const int middle = start.y() + metrics.height() / 2;
-    const QRectF area(QPointF(x, middle - size.height() / 2), size);
+    const auto marker = item.blockFormat().marker();
+    const bool is_box = marker != QTextBlockFormat::MarkerType::NoMarker;
+    const int margin = is_box ? metrics.lineSpacing() / 3 / 2 : 0;
+    const QRectF area = marker_area(item, metrics, margin);
+    const QRectF box = area.adjusted(-margin, -margin, margin, margin);
+    const QTextCharFormat selected = selected_format(item, context);
+    QTextCharFormat shown = item.charFormat();
+    shown.merge(selected);
+    const QBrush brush = context.palette.brush(QPalette::Text);
+    const QPen pen(shown.foreground().style() == Qt::NoBrush ? brush : shown.foreground(), 0);
 
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    const QTextCharFormat selected = selected_format(item, context);
-    painter->fillRect(area, selected.background());
-    const QBrush brush = context.palette.brush(QPalette::Text);
-    if (is_number) {
-        QTextCharFormat shown = format;
-        shown.merge(selected);
-        painter->setPen(QPen(shown.foreground().style() == Qt::NoBrush ? brush : shown.foreground(), 0));
-        paint_text(painter, QPointF(area.left(), start.y()), text, font, item.textDirection(), device);
-    } else {
+    painter->fillRect(box, selected.background());
+    painter->setPen(pen);
+    if (is_box)
+        paint_check_box(painter, box, margin, marker == QTextBlockFormat::MarkerType::Checked);
+    painter->setPen(pen);
+    if (is_number(item))
+        paint_number(painter, area.left(), item, font);
+    else if (!is_box)
         paint_bullet(painter, area, style, brush);
-    }
     painter->restore();
 }
 

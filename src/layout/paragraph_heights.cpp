@@ -33,6 +33,12 @@ int ParagraphHeights::at(Units y) const
     return std::clamp(index, 0, std::max(0, count() - 1));
 }
 
+int ParagraphHeights::widest() const
+{
+    const qint32 width = m_tree.total().widest;
+    return m_tree.find(0, [width](const Sum &sum) { return sum.widest == width; });
+}
+
 int ParagraphHeights::next_unmeasured(int index) const
 {
     return m_tree.find(index, [](const Sum &sum) { return sum.unmeasured > 0; });
@@ -54,12 +60,12 @@ void ParagraphHeights::replace(int first, int removed, const std::vector<Paragra
 }
 
 /// Of whole pixels, as most heights are: what follows does not move by parts of one when they become known.
-void ParagraphHeights::estimate_from_present(double factor)
+void ParagraphHeights::estimate_from_present(double factor, bool keeps_widths)
 {
-    m_tree.change_all([factor](ParagraphExtent &extent) {
+    m_tree.change_all([factor, keeps_widths](ParagraphExtent &extent) {
         const double lines = (extent.height - extent.gap) * factor;
         extent.height = static_cast<qint32>(std::lround((extent.gap + lines) / 64) * 64);
-        extent.width = 0;
+        extent.width = keeps_widths ? static_cast<qint32>(extent.width * factor) : 0;
         extent.is_measured = false;
         extent.has_lines = false;
     });

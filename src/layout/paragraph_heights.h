@@ -56,6 +56,8 @@ public:
     ParagraphExtent extent(int index) const { return m_tree.at(index); }
     void set_extent(int index, const ParagraphExtent &extent) { m_tree.set(index, extent); }
     std::vector<ParagraphExtent> extents(int first, int count) const { return m_tree.values(first, count); }
+    /// The first one of that width.
+    int widest() const;
     /// The first one not measured, from `index` on; -1 if there is none.
     int next_unmeasured(int index) const;
     /// Likewise the first one that may have lines.
@@ -63,8 +65,9 @@ public:
     /// Likewise the first one whose glyphs are kept.
     int next_cached(int index) const;
     void replace(int first, int removed, const std::vector<ParagraphExtent> &added);
-    /// Makes estimates of all heights: `factor` times as high in whole pixels, and without lines.
-    void estimate_from_present(double factor);
+    /// Makes estimates of all heights: `factor` times as high in whole pixels, and without lines. Widths are forgotten,
+    /// or grow alike.
+    void estimate_from_present(double factor, bool keeps_widths);
 
 private:
     struct Sum

@@ -73,6 +73,34 @@ QTextOption option_of(const QTextBlock &block, const QTextBlockFormat &format, c
     return option;
 }
 
+void set_wrap_mode(QTextLayout *layout, QTextOption::WrapMode mode)
+{
+    QTextOption option = layout->textOption();
+    option.setWrapMode(mode);
+    layout->setTextOption(option);
+}
+
+/// Text that takes more is aligned to what it takes. As Qt does, such a line is broken anywhere if words may be broken
+/// at all, and those that follow at words only.
+void set_width(QTextLayout *layout, QTextLine &line, Units room, int columns)
+{
+    if (columns > 0) {
+        line.setNumColumns(columns, to_pixels(room));
+        return;
+    }
+    line.setLineWidth(to_pixels(room));
+    const qreal natural = line.naturalTextWidth();
+    if (to_units(natural) <= room)
+        return;
+    const QTextOption::WrapMode mode = layout->textOption().wrapMode();
+    const bool may_break_words = mode == QTextOption::WrapAtWordBoundaryOrAnywhere;
+    if (may_break_words)
+        set_wrap_mode(layout, QTextOption::WrapAnywhere);
+    line.setLineWidth(natural);
+    if (may_break_words)
+        set_wrap_mode(layout, QTextOption::WordWrap);
+}
+
 LinePlace line_place(const QTextBlockFormat &format, const QTextLine &line, const Page &page)
 {
     // Lines overlap by a pixel where a picture swallows the leading; the last one has its height in full.
@@ -111,12 +139,17 @@ Page Page::of(const QTextDocument *document, const QPaintDevice *device)
 bool Page::operator==(const Page &other) const
 {
     return width == other.width && left == other.left && top == other.top && right == other.right &&
-           bottom == other.bottom && qFuzzyCompare(scale, other.scale) &&
+           bottom == other.bottom && columns == other.columns && qFuzzyCompare(scale, other.scale) &&
            qFuzzyCompare(1 + indent_width, 1 + other.indent_width) && font == other.font &&
            option.alignment() == other.option.alignment() && option.wrapMode() == other.option.wrapMode() &&
            option.flags() == other.option.flags() && option.textDirection() == other.option.textDirection() &&
            option.tabStopDistance() == other.option.tabStopDistance() && option.tabs() == other.option.tabs() &&
            option.useDesignMetrics() == other.option.useDesignMetrics();
+}
+
+bool Page::breaks_lines() const
+{
+    return wraps() && option.wrapMode() != QTextOption::NoWrap && option.wrapMode() != QTextOption::ManualWrap;
 }
 
 Units Page::text_width() const
@@ -130,8 +163,7 @@ ParagraphExtent lay_out_lines(const QTextBlock &block, const Page &page)
     const QTextBlockFormat format = block.blockFormat();
     const SideMargins margins = side_margins(block, format, page);
     const bool is_reversed = block.textDirection() == Qt::RightToLeft;
-    QTextOption option = option_of(block, format, page);
-    layout->setTextOption(option);
+    layout->setTextOption(option_of(block, format, page));
 
     Units y = 0;
     Units end = 0;
@@ -143,14 +175,7 @@ ParagraphExtent lay_out_lines(const QTextBlock &block, const Page &page)
         const Units right = page.text_width() - margins.right - (is_reversed ? indent : 0);
         line.setLeadingIncluded(true);
         const Units room = std::max<Units>(0, right - left);
-        line.setLineWidth(to_pixels(room));
-        if (to_units(line.naturalTextWidth()) > room) { // the text is aligned to what it takes
-            if (option.wrapMode() == QTextOption::WrapAtWordBoundaryOrAnywhere) {
-                option.setWrapMode(QTextOption::WordWrap); // so does Qt, and goes on like that
-                layout->setTextOption(option);
-            }
-            line.setLineWidth(line.naturalTextWidth());
-        }
+        set_width(layout, line, room, page.columns);
         const LinePlace place = line_place(format, line, page);
         line.setPosition(QPointF(to_pixels(left), to_pixels(y - place.raise)));
         end = y + place.bottom;

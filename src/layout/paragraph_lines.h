@@ -24,6 +24,8 @@ struct Page
     bool operator==(const Page &other) const;
     bool operator!=(const Page &other) const { return !(*this == other); }
     bool wraps() const { return width > 0; }
+    /// Whether lines end at the width, too: otherwise it only aligns them.
+    bool breaks_lines() const;
     /// Of the text without the page's margins.
     Units text_width() const;
 
@@ -32,6 +34,7 @@ struct Page
     Units top = 0;
     Units right = 0;
     Units bottom = 0;
+    int columns = 0; // letters of mean width that a line may hold; 0: no matter
     qreal scale = 1; // of the lengths in formats, by the device's resolution
     qreal indent_width = 0;
     QFont font;

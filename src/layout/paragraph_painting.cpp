@@ -141,7 +141,7 @@ void paint_paragraph(QPainter *painter, const PaintContext &context, const QText
 void DocumentLayout::draw(QPainter *painter, const PaintContext &context)
 {
     if (!is_current()) { // painted from inside an edit
-        m_page = Page::of(document(), paintDevice());
+        m_page = present_page();
         estimate_everything(false);
     }
     const bool everything = !context.clip.isValid();

@@ -35,9 +35,9 @@ StillView::~StillView()
     leave_document();
 }
 
-bool StillView::is_wrapping() const
+int StillView::columns() const
 {
-    return m_area->lineWrapMode() == QTextEdit::WidgetWidth || m_area->lineWrapMode() == QTextEdit::FixedPixelWidth;
+    return m_area->lineWrapMode() == QTextEdit::FixedColumnWidth ? m_area->lineWrapColumnOrWidth() : 0;
 }
 
 void StillView::follow()
@@ -202,6 +202,8 @@ void StillView::restore_top_of_same_text()
 void StillView::layout_replaced()
 {
     listen();
+    if (m_layout && m_document->pageSize().width() <= 0 && m_area->isVisible()) // Qt's had no use for a width
+        m_document->setPageSize(QSizeF(m_area->viewport()->width(), -1));
     m_document->documentLayout()->documentSize(); // Qt's has not come far yet, and the window could not go further
     restore_top();
     m_area->viewport()->update();

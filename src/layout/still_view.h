@@ -37,8 +37,8 @@ public:
 
     /// What the view is painted on.
     QPaintDevice *paint_device() const { return m_device; }
-    /// Whether lines end at a width in pixels.
-    bool is_wrapping() const;
+    /// How many letters of mean width a line may hold; 0 if none are counted.
+    int columns() const;
     void layout_replaced();
     /// By how many pixels the window's content has to move, for QAbstractScrollArea::scrollContentsBy(): what that is
     /// called with does not know of steps that were made silently.
