@@ -210,7 +210,7 @@ void TstContent::loaded_text_follows_the_zoom()
 
 void TstContent::zoom_comes_back()
 {
-    for (const double size : {8.0, 12.5}) {
+    for (const double size : {8.25, 12.5}) {
         QFont font(u"Times new roman"_s);
         font.setPointSizeF(size);
         CustomTextEditor editor(font);
@@ -219,7 +219,7 @@ void TstContent::zoom_comes_back()
         const QString shown_size = editor.font_size_combo->currentText();
         for (int i = 0; i < 10; ++i)
             editor.zoom_out();
-        QCOMPARE(points(), qMax(1.0, size - 10));
+        QCOMPARE(points(), qMax(1.25, size - 10));
         editor.update_font_combos();
         QCOMPARE(editor.font_size_combo->currentText(), shown_size);
         for (int i = 0; i < 10; ++i)
@@ -228,7 +228,7 @@ void TstContent::zoom_comes_back()
         editor.set_zoom_percent(0);
         editor.set_zoom_percent(100);
         editor.zoom_in();
-        QCOMPARE(points(), qMax(1.0, size - 9));
+        QCOMPARE(points(), qMax(1.25, size - 9));
         QCOMPARE(editor.get_html_content(), CustomTextEditor(font).get_html_content());
     }
 }

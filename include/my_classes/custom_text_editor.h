@@ -398,6 +398,7 @@ private:
     bool is_zoomed() const;
     double zoom_scale() const;
     void move_zoom(QTextDocument *from, QTextDocument *to);
+    void zoom_document(QTextDocument *document, const QFont &own);
     QFont unzoomed_font() const;
     QFont unzoomed_font(const QTextDocument *document) const;
     void insert_list(QTextListFormat::Style style);
@@ -417,6 +418,7 @@ private:
     bool m_is_telling = false;     // the host, below a signal of the document
     QFont m_unzoomed_font;         // the text area's, before zooming
     double m_zoomed_size = 0;      // its size in points after the last zoom step
+    double m_documents_size = 0;   // that of a document with a font of its own, before zooming
     qint64 m_zoom_steps = 0;       // since then, those that Qt refused included
     std::unique_ptr<TypingFormat> m_typing_format;
     QString m_checker_lang;        // what the checker was made with; hosts may assign `lang`

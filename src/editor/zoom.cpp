@@ -17,6 +17,7 @@ namespace my_classes {
 namespace {
 
 constexpr int k_step_percent = 10;
+constexpr double k_smallest = 0.5; // points: Qt rounds them where it sizes headings, and knows no size of 0
 
 double points_of(const QFont &font)
 {
@@ -26,13 +27,13 @@ double points_of(const QFont &font)
 /// `size` zoomed by `steps` of a point; as small as such steps lead to where they lead to nothing.
 double visible_size(double size, qint64 steps)
 {
-    return std::max(size + static_cast<double>(steps), size - std::ceil(size) + 1);
+    return std::max(size + static_cast<double>(steps), size - std::ceil(size - k_smallest) + 1);
 }
 
 QFont with_size(QFont font, double points)
 {
     if (points > 0) // not for fonts in pixels
-        font.setPointSizeF(points);
+        font.setPointSizeF(std::max(points, k_smallest));
     return font;
 }
 
@@ -115,7 +116,13 @@ void CustomTextEditor::zoom_by(int points)
         text_edit->zoomOut(whole(-change));
     m_zoomed_size = text_edit->font().pointSizeF();
     if (has_own)
-        document->setDefaultFont(with_size(documents_own, documents_own.pointSizeF() * zoom_scale()));
+        zoom_document(document, documents_own);
+}
+
+void CustomTextEditor::zoom_document(QTextDocument *document, const QFont &own)
+{
+    m_documents_size = own.pointSizeF();
+    document->setDefaultFont(with_size(own, m_documents_size * zoom_scale()));
 }
 
 bool CustomTextEditor::is_zoomed() const
@@ -133,8 +140,8 @@ void CustomTextEditor::move_zoom(QTextDocument *from, QTextDocument *to)
 {
     if (from)
         from->setDefaultFont(unzoomed_font(from));
-    if (const double scale = zoom_scale(); !qFuzzyCompare(scale, 1))
-        to->setDefaultFont(with_size(to->defaultFont(), to->defaultFont().pointSizeF() * scale));
+    if (!qFuzzyCompare(zoom_scale(), 1))
+        zoom_document(to, to->defaultFont());
 }
 
 QFont CustomTextEditor::unzoomed_font() const
@@ -145,6 +152,8 @@ QFont CustomTextEditor::unzoomed_font() const
 QFont CustomTextEditor::unzoomed_font(const QTextDocument *document) const
 {
     QFont font = document->defaultFont();
+    if (font.pointSizeF() == k_smallest)
+        return with_size(font, m_documents_size);
     if (!qFuzzyCompare(font.pointSizeF(), m_zoomed_size))
         return with_size(font, std::round(font.pointSizeF() / zoom_scale() * 1e4) / 1e4); // as it was, without noise
     if (m_unzoomed_font.pixelSize() > 0)
