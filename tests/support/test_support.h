@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <my_classes/my_classes.h>
+
 #include <QtCore/QBuffer>
 #include <QtCore/QDir>
 #include <QtCore/QElapsedTimer>
@@ -77,6 +79,13 @@ private:
 
     QTemporaryDir m_directory;
 };
+
+/// What a file holds; "no file" where there is none.
+inline QByteArray content_of(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
+}
 
 inline void show_active(QWidget &window)
 {
