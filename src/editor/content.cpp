@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the my_classes authors
 // SPDX-License-Identifier: MIT
 
-#include "editor/document_copy.h"
 #include "editor/edit_state.h"
 #include "editor/loaded_sizes.h"
+#include "layout/document_copy.h"
 
 #include <my_classes/custom_text_editor.h>
 

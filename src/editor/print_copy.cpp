@@ -3,8 +3,9 @@
 
 #include "editor/print_copy.h"
 
-#include "editor/document_copy.h"
 #include "editor/embedded_pictures.h"
+#include "layout/document_copy.h"
+#include "layout/line_spacing.h"
 
 #include <QtGui/QAbstractTextDocumentLayout>
 #include <QtGui/QFontMetricsF>
@@ -25,7 +26,6 @@ namespace my_classes {
 namespace {
 
 constexpr double k_margin_inches = 2 / 2.54;
-constexpr int k_factor_line_height = 150; // the type that set_line_spacing() stores
 
 double screen_dpi()
 {
@@ -113,10 +113,7 @@ QTextBlockFormat in_dots(QTextBlockFormat format, double scale)
         format.setRightMargin(format.rightMargin() * scale);
     if (format.hasProperty(QTextFormat::TextIndent))
         format.setTextIndent(format.textIndent() * scale);
-    // Qt draws the lines of a type that it does not know on one another.
-    if (format.lineHeightType() == k_factor_line_height && format.lineHeight() > 0)
-        format.setLineHeight(format.lineHeight() * 100, QTextBlockFormat::ProportionalHeight);
-    return format;
+    return with_known_line_height(format);
 }
 
 double points(double pixels)

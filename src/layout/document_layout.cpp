@@ -3,9 +3,10 @@
 
 #include "layout/document_layout.h"
 
+#include "layout/object_handlers.h"
+
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QScopedValueRollback>
-#include <QtGui/QFontMetrics>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextFrame>
@@ -387,18 +388,10 @@ void DocumentLayout::refresh_gap(int index)
     m_heights.set_extent(index, extent);
 }
 
-/// In the middle means around that of small letters.
 void DocumentLayout::resizeInlineObject(QTextInlineObject item, int position, const QTextFormat &format)
 {
     QAbstractTextDocumentLayout::resizeInlineObject(item, position, format);
-    const QTextCharFormat characters = format.toCharFormat();
-    if (characters.verticalAlignment() != QTextCharFormat::AlignMiddle)
-        return;
-    const QFont font = characters.font().resolve(m_page.font);
-    const QFontMetrics metrics = paintDevice() ? QFontMetrics(font, paintDevice()) : QFontMetrics(font);
-    const qreal height = item.height();
-    item.setAscent(height / 2 + metrics.xHeight() / 4.0);
-    item.setDescent(height - item.ascent());
+    align_in_the_middle(item, format, this);
 }
 
 } // namespace my_classes

@@ -5,7 +5,9 @@
 
 #include "layout/document_layout.h"
 #include "layout/kept_formats.h"
+#include "layout/line_spacing.h"
 #include "layout/object_handlers.h"
+#include "layout/stand_in_layout.h"
 #include "layout/still_view.h"
 
 #include <QtCore/QTimer>
@@ -14,6 +16,7 @@
 #include <QtGui/QTextFrame>
 
 #include <algorithm>
+#include <functional>
 
 namespace my_classes {
 
@@ -35,6 +38,15 @@ bool has_decoration(const QTextFrameFormat &format)
 {
     return format.border() > 0 || format.padding() > 0 || format.background().style() != Qt::NoBrush ||
            format.hasProperty(QTextFormat::FrameWidth) || format.hasProperty(QTextFormat::FrameHeight);
+}
+
+/// Or had, before an edit.
+bool has_factor_line_heights(const QTextDocument *document)
+{
+    const QList<QTextFormat> formats = document->allFormats();
+    return std::any_of(formats.cbegin(), formats.cend(), [](const QTextFormat &format) {
+        return format.isBlockFormat() && has_factor_line_height(format.toBlockFormat());
+    });
 }
 
 /// Neither ours nor one of the host's.
@@ -95,20 +107,26 @@ void LayoutSwitch::remove(StillView *view, bool keep)
     QAbstractTextDocumentLayout *layout = m_document->documentLayout();
     if (layout->paintDevice() == view->paint_device()) // which goes
         layout->setPaintDevice(m_views.isEmpty() ? nullptr : m_views.last()->paint_device());
+    if (auto *stand_in = qobject_cast<StandInLayout *>(layout))
+        stand_in->paint_device_changed();
     if (!m_views.isEmpty()) {
         settle();
         return;
     }
-    use_own_layout(false);
+    use(Layout::qt);
     delete this;
 }
 
-bool LayoutSwitch::wants_qt_layout() const
+LayoutSwitch::Layout LayoutSwitch::wanted() const
 {
     const QTextFrame *root = m_document->rootFrame();
     const QList<QTextFrame *> frames = root->childFrames();
-    return m_views.isEmpty() || m_document->pageSize().height() > 0 || has_decoration(root->frameFormat()) ||
-           std::any_of(frames.cbegin(), frames.cend(), is_table_or_float);
+    if (m_views.isEmpty())
+        return Layout::qt;
+    if (m_document->pageSize().height() > 0 || has_decoration(root->frameFormat()) ||
+        std::any_of(frames.cbegin(), frames.cend(), is_table_or_float))
+        return has_factor_line_heights(m_document) ? Layout::stand_in : Layout::qt;
+    return Layout::own;
 }
 
 /// Of the view that came last.
@@ -117,37 +135,49 @@ int LayoutSwitch::columns() const
     return m_views.isEmpty() ? 0 : m_views.last()->columns();
 }
 
-/// Ours knows when it is at work; Qt's can be told to rest only when all edits have ended.
+LayoutSwitch::Layout LayoutSwitch::present() const
+{
+    const QAbstractTextDocumentLayout *layout = m_document->documentLayout();
+    if (qobject_cast<const DocumentLayout *>(layout))
+        return Layout::own;
+    return qobject_cast<const StandInLayout *>(layout) ? Layout::stand_in : Layout::qt;
+}
+
+/// Ours know when they are at work; Qt's can be told to rest only when all edits have ended.
 bool LayoutSwitch::is_possible() const
 {
-    const auto *own = qobject_cast<DocumentLayout *>(m_document->documentLayout());
-    return own ? !own->is_changing() : m_edits == 0;
+    const QAbstractTextDocumentLayout *layout = m_document->documentLayout();
+    if (const auto *own = qobject_cast<const DocumentLayout *>(layout))
+        return !own->is_changing();
+    const auto *stand_in = qobject_cast<const StandInLayout *>(layout);
+    return stand_in ? !stand_in->is_changing() : m_edits == 0;
 }
 
 void LayoutSwitch::check()
 {
-    const bool has_own = qobject_cast<DocumentLayout *>(m_document->documentLayout());
-    if (has_own == wants_qt_layout()) // not at once: the layout may be the one that is at work
+    if (present() != wanted()) // not at once: the layout may be the one that is at work
         QMetaObject::invokeMethod(this, &LayoutSwitch::settle, Qt::QueuedConnection);
 }
 
 void LayoutSwitch::settle()
 {
-    const bool own = !wants_qt_layout();
-    if (own == bool(qobject_cast<DocumentLayout *>(m_document->documentLayout())))
+    if (present() == wanted())
         return;
     if (is_possible())
-        use_own_layout(own);
+        use(wanted());
     else
         QTimer::singleShot(k_retry, this, &LayoutSwitch::settle);
 }
 
-void LayoutSwitch::use_own_layout(bool own)
+void LayoutSwitch::use(Layout wanted)
 {
-    const QAbstractTextDocumentLayout *present = m_document->documentLayout();
-    if (own && is_qt_layout(present))
+    if (present() == Layout::qt && !is_qt_layout(m_document->documentLayout()))
+        return; // the host's
+    if (wanted == Layout::own)
         replace_layout(new DocumentLayout(m_document, [this] { return columns(); }));
-    else if (!own && qobject_cast<const DocumentLayout *>(present))
+    else if (wanted == Layout::stand_in)
+        replace_layout(new StandInLayout(m_document));
+    else if (present() != Layout::qt)
         replace_layout(nullptr);
 }
 

@@ -17,7 +17,8 @@ namespace my_classes {
 class StillView;
 
 /// Gives a document our layout while one of our views shows it, except for as long as it needs Qt's own: for tables and
-/// floats, pages, and frames around the whole text. Belongs to the document; views of one document share it.
+/// floats, pages, and frames around the whole text. That is used on a stand-in if there are line heights that it does
+/// not know. Belongs to the document; views of one document share it.
 class LayoutSwitch : public QObject
 {
     Q_OBJECT
@@ -35,12 +36,15 @@ public:
 private:
     explicit LayoutSwitch(QTextDocument *document);
 
-    bool wants_qt_layout() const;
+    enum class Layout { own, qt, stand_in };
+
+    Layout wanted() const;
+    Layout present() const;
     int columns() const;
     bool is_possible() const;
     void end_edit();
     void check();
-    void use_own_layout(bool own);
+    void use(Layout wanted);
     void replace_layout(QAbstractTextDocumentLayout *layout);
 
     QTextDocument *m_document;

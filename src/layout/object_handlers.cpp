@@ -3,28 +3,17 @@
 
 #include "layout/object_handlers.h"
 
-#include <QtCore/QSet>
 #include <QtGui/QAbstractTextDocumentLayout>
+#include <QtGui/QFontMetrics>
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextFormat>
+#include <QtGui/QTextLayout>
 
 namespace my_classes {
 
 namespace {
 
 constexpr int k_likely_user_types = 64;
-
-/// Those in the document, and those that hosts count up from the first one that is theirs, before they use them.
-QSet<int> object_types(const QTextDocument *document)
-{
-    QSet<int> types{QTextFormat::ImageObject};
-    const QList<QTextFormat> formats = document->allFormats();
-    for (const QTextFormat &format : formats)
-        types.insert(format.objectType());
-    for (int i = 0; i < k_likely_user_types; ++i)
-        types.insert(QTextFormat::UserObject + i);
-    return types;
-}
 
 /// Each layout brings its own.
 bool is_qt_picture_handler(const QObject *handler)
@@ -38,6 +27,30 @@ QObject *handler_of(const QAbstractTextDocumentLayout *layout, int type)
 }
 
 } // namespace
+
+QSet<int> object_types(const QTextDocument *document)
+{
+    QSet<int> types{QTextFormat::ImageObject};
+    const QList<QTextFormat> formats = document->allFormats();
+    for (const QTextFormat &format : formats)
+        types.insert(format.objectType());
+    for (int i = 0; i < k_likely_user_types; ++i)
+        types.insert(QTextFormat::UserObject + i);
+    return types;
+}
+
+void align_in_the_middle(QTextInlineObject item, const QTextFormat &format, const QAbstractTextDocumentLayout *layout)
+{
+    const QTextCharFormat characters = format.toCharFormat();
+    if (characters.verticalAlignment() != QTextCharFormat::AlignMiddle)
+        return;
+    const QFont font = characters.font().resolve(layout->document()->defaultFont());
+    QPaintDevice *device = layout->paintDevice();
+    const QFontMetrics metrics = device ? QFontMetrics(font, device) : QFontMetrics(font);
+    const qreal height = item.height();
+    item.setAscent(height / 2 + metrics.xHeight() / 4.0);
+    item.setDescent(height - item.ascent());
+}
 
 ObjectHandlers::ObjectHandlers(QTextDocument *document)
 {

@@ -6,13 +6,22 @@
 #include <QtCore/QList>
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
+#include <QtCore/QSet>
 
 QT_BEGIN_NAMESPACE
 class QAbstractTextDocumentLayout;
 class QTextDocument;
+class QTextFormat;
+class QTextInlineObject;
 QT_END_NAMESPACE
 
 namespace my_classes {
+
+/// Those in the document, and those that hosts count up from the first one that is theirs, before they use them.
+QSet<int> object_types(const QTextDocument *document);
+
+/// As Qt's own layout does: the middle is that of small letters.
+void align_in_the_middle(QTextInlineObject item, const QTextFormat &format, const QAbstractTextDocumentLayout *layout);
 
 /// Carries the handlers of objects from one layout of a document to the next, but for one of pictures that belongs to
 /// the layout.

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QtCore/QPointer>
 #include <QtGui/QTextDocument>
 
 namespace my_classes {
@@ -17,17 +18,18 @@ class DocumentCopy : public QTextDocument
     Q_OBJECT
 
 public:
-    /// Pictures are asked of `source`, which has to live as long.
+    /// Pictures are asked of `source`, for as long as it lives.
     DocumentCopy(QTextDocument *source, const QFont &default_font);
 
 protected:
     QVariant loadResource(int type, const QUrl &name) override;
+    QTextDocument *source() const { return m_source; }
+    void copy_settings();
 
 private:
-    void copy_settings();
     void copy_first_block();
 
-    QTextDocument *m_source;
+    QPointer<QTextDocument> m_source;
 };
 
 } // namespace my_classes

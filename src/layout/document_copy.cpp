@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the my_classes authors
 // SPDX-License-Identifier: MIT
 
-#include "editor/document_copy.h"
+#include "layout/document_copy.h"
 
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocumentFragment>
@@ -24,7 +24,7 @@ DocumentCopy::DocumentCopy(QTextDocument *source, const QFont &default_font)
 
 QVariant DocumentCopy::loadResource(int type, const QUrl &name)
 {
-    return m_source->resource(type, name);
+    return m_source ? m_source->resource(type, name) : QVariant();
 }
 
 void DocumentCopy::copy_settings()
