@@ -110,6 +110,8 @@ public:
 
     QTextCharFormat char_format()
     {
+        // No small capitals: Qt may go on with those of the former size after a zoom.
+        static const QFont::Capitalization capitals[] = {QFont::AllUppercase, QFont::AllLowercase, QFont::Capitalize};
         QTextCharFormat format;
         const std::function<void()> changes[] = {
             [&] { format.setFontPointSize(6 + below(60) / 2.0); },
@@ -125,7 +127,7 @@ public:
             },
             [&] { format.setFontLetterSpacing(100 + below(60)); },
             [&] { format.setFontStrikeOut(true); },
-            //            [&] { format.setFontCapitalization(QFont::Capitalization(below(5))); },
+            [&] { format.setFontCapitalization(any(capitals)); },
             [&] {
                 format.setAnchor(true);
                 format.setAnchorHref(QStringLiteral("x"));
@@ -423,7 +425,8 @@ private:
 
     static QAbstractTextDocumentLayout *layout(QTextEdit *area) { return area->document()->documentLayout(); }
 
-    /// Where lines overlap, and where some paragraph is hidden: Qt finds it at its former place.
+    /// Where lines overlap, and where some paragraph is hidden: Qt finds it at its former place, and others instead of
+    /// it.
     bool is_ambiguous(qreal y)
     {
         int lines = 0;
