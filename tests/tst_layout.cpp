@@ -278,6 +278,7 @@ void TestLayout::survives_edits_inside_signals()
         if (std::exchange(is_busy, true))
             return;
         QTextCursor(document).insertText(QStringLiteral("a\nb"));
+        windows.ours()->setLineWrapMode(QTextEdit::LineWrapMode(document->blockCount() % 4));
         windows.ours()->viewport()->repaint();
         windows.ours()->cursorRect();
         if (document->blockCount() % 3 == 0)
@@ -300,6 +301,7 @@ void TestLayout::survives_edits_inside_signals()
     }
     document->disconnect(this);
     windows.ours()->disconnect(this);
+    windows.ours()->setLineWrapMode(QTextEdit::WidgetWidth);
     QTest::qWait(100); // for a switch of the layout that could not be done at once
     windows.editor.clear_formatting();
     windows.editor.set_text_content(windows.editor.get_text_content());

@@ -202,7 +202,8 @@ void StillView::restore_top_of_same_text()
 void StillView::layout_replaced()
 {
     listen();
-    if (m_layout && m_document->pageSize().width() <= 0 && m_area->isVisible()) // Qt's had no use for a width
+    const bool is_unwrapped = m_area->lineWrapMode() == QTextEdit::NoWrap;
+    if (m_layout && is_unwrapped && m_document->pageSize().width() <= 0) // Qt's takes none before some text is aligned
         m_document->setPageSize(QSizeF(m_area->viewport()->width(), -1));
     m_document->documentLayout()->documentSize(); // Qt's has not come far yet, and the window could not go further
     restore_top();
