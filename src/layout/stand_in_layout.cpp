@@ -42,10 +42,11 @@ StandInLayout::StandInLayout(QTextDocument *document)
 
 StandInLayout::~StandInLayout() = default;
 
-/// Not inside of edits, that are not notified yet.
+/// Not inside of edits, that are not notified yet. One that begins with taking everything away tells of that at once.
 bool StandInLayout::is_current() const
 {
-    return m_stand_in && m_revision == document()->revision();
+    return m_stand_in && m_revision == document()->revision() && m_stand_in->blockCount() == document()->blockCount() &&
+           m_stand_in->characterCount() == document()->characterCount();
 }
 
 QAbstractTextDocumentLayout *StandInLayout::stand_in_layout() const
