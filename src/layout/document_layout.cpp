@@ -7,6 +7,8 @@
 
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QScopedValueRollback>
+#include <QtGui/QImage>
+#include <QtGui/QPainter>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextFrame>
@@ -26,6 +28,7 @@ constexpr int k_few_of = 8;                // one in so many: it is worth while 
 constexpr int k_sample = 24;               // paragraphs by which all are estimated
 constexpr int k_most_seen = 50;            // by which all others are scaled
 constexpr qreal k_endless = 1'000'000'000; // pixels
+constexpr QRectF k_nowhere(-2 * k_endless, -2 * k_endless, 1, 1);
 constexpr auto k_quiet = 250ms;            // before what is not seen is measured
 constexpr auto k_slice = 1500us;           // a longer one is felt between two keys
 
@@ -139,20 +142,24 @@ void DocumentLayout::prepare_between(qreal top, qreal bottom)
 {
     if (!is_current())
         return;
+    const int first_before = m_first_seen;
+    const int last_before = m_last_seen;
     m_first_seen = m_heights.at(to_units(top) - m_page.top - m_overhang);
     m_last_seen = m_first_seen;
     QTextBlock block = document()->findBlockByNumber(m_first_seen);
+    Units end = top_of(m_first_seen);
     for (int index = m_first_seen; block.isValid(); block = block.next(), ++index) {
-        if (!m_heights.extent(index).is_cached)
-            keep_glyphs(block);
+        const bool stays = index >= first_before && index <= last_before;
+        if (!m_heights.extent(index).is_cached && (stays || block.layout()->lineCount() == 0))
+            keep_glyphs(block); // of what is drawn once they would only take room
         measure(index, block);
         note_cached(index, block.layout()->cacheEnabled());
         m_last_seen = index;
-        if (top_of(index + 1) >= to_units(bottom) + m_overhang)
+        end += m_heights.extent(index).height;
+        if (end >= to_units(bottom) + m_overhang)
             break;
     }
-    if (m_heights.cached_count() > k_many_cached && !m_measuring.isActive())
-        m_measuring.start(k_quiet);
+    forget_glyphs();
 }
 
 void DocumentLayout::note_cached(int index, bool cached)
@@ -176,7 +183,7 @@ qreal DocumentLayout::first_measured_top(qreal top, qreal bottom) const
 
 void DocumentLayout::put_off_measuring()
 {
-    if (m_heights.unmeasured_count() > 0 || m_heights.cached_count() > k_many_cached)
+    if (m_heights.unmeasured_count() > 0)
         m_measuring.start(k_quiet);
 }
 
@@ -184,31 +191,28 @@ void DocumentLayout::work_in_quiet()
 {
     if (!is_current() || !document()->isLayoutEnabled())
         return;
-    const QDeadlineTimer end(k_slice);
-    if (!forget_glyphs(end) || !measure_everything(end))
+    if (!measure_everything(QDeadlineTimer(k_slice)))
         m_measuring.start(0ms);
 }
 
-/// Glyphs take several times as much memory as lines. False if time is over before.
-bool DocumentLayout::forget_glyphs(const QDeadlineTimer &end)
+/// Glyphs take several times as much memory as lines: only what is near keeps them.
+void DocumentLayout::forget_glyphs()
 {
     const int kept = m_last_seen - m_first_seen + 1; // before and behind them, too
-    int index = m_heights.next_cached(0);
-    while (index >= 0 && m_heights.cached_count() > 3 * kept) {
+    if (m_heights.cached_count() <= std::max(k_many_cached, 4 * kept))
+        return;
+    QImage nothing(1, 1, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&nothing);
+    for (int index = m_heights.next_cached(0); index >= 0; index = m_heights.next_cached(index + 1)) {
         if (index >= m_first_seen - kept && index <= m_last_seen + kept) {
-            index = m_heights.next_cached(m_last_seen + kept + 1);
+            index = m_last_seen + kept;
             continue;
         }
-        const QTextBlock block = document()->findBlockByNumber(index);
-        block.layout()->setCacheEnabled(false);
-        if (block.layout()->lineCount() > 0)
-            lay_out(block); // lets go of them at its end
+        QTextLayout *layout = document()->findBlockByNumber(index).layout();
+        layout->setCacheEnabled(false);
+        layout->draw(&painter, QPointF(0, 0), {}, k_nowhere); // lets go of them at its end
         note_cached(index, false);
-        index = m_heights.next_cached(index + 1);
-        if (end.hasExpired())
-            return false;
     }
-    return true;
 }
 
 /// False if time is over before.

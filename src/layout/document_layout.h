@@ -81,7 +81,7 @@ private:
     void refresh_gap(int index);
     void work_in_quiet();
     void note_cached(int index, bool cached);
-    bool forget_glyphs(const QDeadlineTimer &end);
+    void forget_glyphs();
     bool measure_everything(const QDeadlineTimer &end);
 
     std::function<int()> m_columns;
