@@ -29,8 +29,8 @@ constexpr int k_sample = 24;               // paragraphs by which all are estima
 constexpr int k_most_seen = 50;            // by which all others are scaled
 constexpr qreal k_endless = 1'000'000'000; // pixels
 constexpr QRectF k_nowhere(-2 * k_endless, -2 * k_endless, 1, 1);
-constexpr auto k_quiet = 250ms;            // before what is not seen is measured
-constexpr auto k_slice = 1500us;           // a longer one is felt between two keys
+constexpr auto k_quiet = 250ms;  // before what is not seen is measured
+constexpr auto k_slice = 1500us; // a longer one is felt between two keys
 
 /// Whether what Qt shows does not depend on whether it has just shaped the text: it makes soft hyphens visible where a
 /// line ends at them, and draws the cursor as high as the letter before, until it forgets.
