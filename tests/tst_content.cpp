@@ -322,12 +322,14 @@ private Q_SLOTS:
     void tells_of_counts_zoom_and_read_only()
     {
         CustomTextEditor editor(std::nullopt);
+        QSignalSpy counted(&editor, &CustomTextEditor::counts_changed);
         QSignalSpy zoomed(&editor, &CustomTextEditor::zoom_changed);
         QSignalSpy locked(&editor, &CustomTextEditor::read_only_changed);
         editor.set_text_content(u"Two words."_s);
         QVERIFY(editor.counts() == (EditorCounts{1, 2, 10, false}));
         editor.text_edit->moveCursor(QTextCursor::NextWord, QTextCursor::KeepAnchor);
         QVERIFY(editor.counts() == (EditorCounts{1, 1, 4, true}));
+        QCOMPARE(counted.size(), 2);
         editor.set_zoom_percent(300);
         editor.zoom_in(); // refused
         editor.zoom_out();

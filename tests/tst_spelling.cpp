@@ -334,6 +334,7 @@ private Q_SLOTS:
         editor.correctAction->trigger();
         QCOMPARE(editor.get_text_content(), u"We %1 qzxqzxqzxqzx, Teh."_s.arg(suggestions.first()));
         editor.text_edit->undo();
+        QCOMPARE(editor.text_edit->textCursor().position(), 4);
 
         select(editor.text_edit, 12);
         QCOMPARE(offers(editor), u"add"_s);
