@@ -45,7 +45,7 @@ bool has_factor_line_heights(const QTextDocument *document)
 {
     const QList<QTextFormat> formats = document->allFormats();
     return std::any_of(formats.cbegin(), formats.cend(), [](const QTextFormat &format) {
-        return format.isBlockFormat() && has_factor_line_height(format.toBlockFormat());
+        return format.isBlockFormat() && format.intProperty(QTextFormat::LineHeightType) == k_factor_line_height;
     });
 }
 

@@ -106,7 +106,6 @@ void StandIn::copy_paragraph(const QTextBlock &from, QTextCursor *to)
     format.setObjectIndex(-1); // a list of the source's
     to->setBlockFormat(format);
     to->setBlockCharFormat(from.charFormat());
-    to->block().setVisible(from.isVisible());
     if (from.textList())
         copy_list(from, to->block());
     for (auto fragment = from.begin(); !fragment.atEnd(); ++fragment) {
@@ -114,6 +113,7 @@ void StandIn::copy_paragraph(const QTextBlock &from, QTextCursor *to)
         characters.setObjectIndex(-1); // a frame of the source's around a picture
         to->insertText(fragment.fragment().text(), characters);
     }
+    copy_marks(from, to->block());
 }
 
 void StandIn::copy_list(const QTextBlock &from, const QTextBlock &to)

@@ -131,13 +131,12 @@ void StandInLayout::documentChanged(int from, int removed, int added)
     paint_device_changed();
     if (m_stand_in)
         m_objects->register_at(stand_in_layout()); // the host may have brought one
-    if (!m_stand_in || (!is_same_text && !m_stand_in->take_over(from, removed, added))) {
+    if (!m_stand_in || (!is_same_text && !m_stand_in->take_over(from, removed, added)))
         make_stand_in();
-    } else {
-        if (!is_same_page)
-            m_stand_in->take_over_settings();
+    else if (!is_same_page)
+        m_stand_in->take_over_settings();
+    if (is_same_text)
         m_stand_in->take_over_marks(from, added);
-    }
     const QTextBlock last = document()->findBlock(from + added);
     for (QTextBlock block = document()->findBlock(std::max(0, from)); block.isValid(); block = block.next()) {
         block.layout()->clearLayout(); // QTextCursor would go on using the lines
