@@ -80,9 +80,9 @@ void set_wrap_mode(QTextLayout *layout, QTextOption::WrapMode mode)
     layout->setTextOption(option);
 }
 
-/// Text that takes more is aligned to what it takes. As Qt does, such a line is broken anywhere if words may be broken
-/// at all, and those that follow at words only.
-void set_width(QTextLayout *layout, QTextLine &line, Units room, int columns)
+/// Text that takes more is aligned to what it takes. As Qt does, all such lines of a paragraph whose words may be
+/// broken are broken anywhere, and those that follow are tried with whole words.
+void set_width(QTextLayout *layout, QTextLine &line, Units room, int columns, bool may_break_words)
 {
     if (columns > 0) {
         line.setNumColumns(columns, to_pixels(room));
@@ -92,8 +92,6 @@ void set_width(QTextLayout *layout, QTextLine &line, Units room, int columns)
     const qreal natural = line.naturalTextWidth();
     if (to_units(natural) <= room)
         return;
-    const QTextOption::WrapMode mode = layout->textOption().wrapMode();
-    const bool may_break_words = mode == QTextOption::WrapAtWordBoundaryOrAnywhere;
     if (may_break_words)
         set_wrap_mode(layout, QTextOption::WrapAnywhere);
     line.setLineWidth(natural);
@@ -163,7 +161,9 @@ ParagraphExtent lay_out_lines(const QTextBlock &block, const Page &page)
     const QTextBlockFormat format = block.blockFormat();
     const SideMargins margins = side_margins(block, format, page);
     const bool is_reversed = block.textDirection() == Qt::RightToLeft;
-    layout->setTextOption(option_of(block, format, page));
+    const QTextOption option = option_of(block, format, page);
+    const bool may_break_words = option.wrapMode() == QTextOption::WrapAtWordBoundaryOrAnywhere;
+    layout->setTextOption(option);
 
     Units y = 0;
     Units end = 0;
@@ -175,7 +175,7 @@ ParagraphExtent lay_out_lines(const QTextBlock &block, const Page &page)
         const Units right = page.text_width() - margins.right - (is_reversed ? indent : 0);
         line.setLeadingIncluded(true);
         const Units room = std::max<Units>(0, right - left);
-        set_width(layout, line, room, page.columns);
+        set_width(layout, line, room, page.columns, may_break_words);
         const LinePlace place = line_place(format, line, page);
         line.setPosition(QPointF(to_pixels(left), to_pixels(y - place.raise)));
         end = y + place.bottom;
