@@ -143,15 +143,14 @@ void DocumentLayout::prepare_between(qreal top, qreal bottom)
     if (!is_current())
         return;
     const int first_before = m_first_seen;
-    const int last_before = m_last_seen;
     m_first_seen = m_heights.at(to_units(top) - m_page.top - m_overhang);
+    const bool is_near = std::abs(m_first_seen - first_before) <= m_last_seen - first_before;
     m_last_seen = m_first_seen;
     QTextBlock block = document()->findBlockByNumber(m_first_seen);
     Units end = top_of(m_first_seen);
     for (int index = m_first_seen; block.isValid(); block = block.next(), ++index) {
-        const bool stays = index >= first_before && index <= last_before;
-        if (!m_heights.extent(index).is_cached && (stays || block.layout()->lineCount() == 0))
-            keep_glyphs(block); // of what is drawn once they would only take room
+        if (!m_heights.extent(index).is_cached && (is_near || block.layout()->lineCount() == 0))
+            keep_glyphs(block); // after a jump they may be drawn once, and would only take room
         measure(index, block);
         note_cached(index, block.layout()->cacheEnabled());
         m_last_seen = index;
