@@ -81,14 +81,14 @@ void set_wrap_mode(QTextLayout *layout, QTextOption::WrapMode mode)
 }
 
 /// Text that takes more is aligned to what it takes. As Qt does, all such lines of a paragraph whose words may be
-/// broken are broken anywhere, and those that follow are tried with whole words.
+/// broken are broken anywhere, and those that follow are tried with whole words. Indents may leave less than no room.
 void set_width(QTextLayout *layout, QTextLine &line, Units room, int columns, bool may_break_words)
 {
     if (columns > 0) {
-        line.setNumColumns(columns, to_pixels(room));
+        line.setNumColumns(columns, to_pixels(std::max<Units>(0, room)));
         return;
     }
-    line.setLineWidth(to_pixels(room));
+    line.setLineWidth(to_pixels(std::max<Units>(0, room)));
     const qreal natural = line.naturalTextWidth();
     if (to_units(natural) <= room)
         return;
@@ -174,8 +174,7 @@ ParagraphExtent lay_out_lines(const QTextBlock &block, const Page &page)
         const Units left = margins.left + (is_reversed ? 0 : indent);
         const Units right = page.text_width() - margins.right - (is_reversed ? indent : 0);
         line.setLeadingIncluded(true);
-        const Units room = std::max<Units>(0, right - left);
-        set_width(layout, line, room, page.columns, may_break_words);
+        set_width(layout, line, right - left, page.columns, may_break_words);
         const LinePlace place = line_place(format, line, page);
         line.setPosition(QPointF(to_pixels(left), to_pixels(y - place.raise)));
         end = y + place.bottom;
