@@ -159,6 +159,8 @@ void DocumentLayout::prepare_between(qreal top, qreal bottom)
             break;
     }
     forget_glyphs();
+    if (m_first_seen != first_before) // the person scrolls
+        put_off_measuring();
 }
 
 void DocumentLayout::note_cached(int index, bool cached)
