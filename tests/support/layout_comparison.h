@@ -446,9 +446,12 @@ private:
     }
 
     /// Edges of selected check boxes are rounded by the last bit of their colours now and then.
-    static bool looks_alike(const QImage &a, const QImage &b)
+    bool looks_alike(const QImage &a, const QImage &b) const
     {
-        const auto is_near = [](int x, int y) { return std::abs(x - y) <= 1; };
+        int tolerance = 0;
+        for (QTextBlock block = m_qt->document()->begin(); block.isValid(); block = block.next())
+            tolerance = std::max(tolerance, block.blockFormat().hasProperty(QTextFormat::BlockMarker) ? 1 : 0);
+        const auto is_near = [&](int x, int y) { return std::abs(x - y) <= tolerance; };
         return std::equal(a.constBits(), a.constBits() + a.sizeInBytes(), b.constBits(), is_near);
     }
 
