@@ -3,8 +3,6 @@
 
 #include "layout/document_layout.h"
 
-#include "layout/object_handlers.h"
-
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QImage>
@@ -53,10 +51,8 @@ void keep_glyphs(const QTextBlock &block)
 DocumentLayout::DocumentLayout(QTextDocument *document, std::function<int()> columns)
     : QAbstractTextDocumentLayout(document)
     , m_columns(std::move(columns))
+    , m_pictures(this)
 {
-    const QAbstractTextDocumentLayout *qt_layout = m_picture_source.documentLayout();
-    registerHandler(QTextFormat::ImageObject,
-                    dynamic_cast<QObject *>(qt_layout->handlerForObject(QTextFormat::ImageObject)));
     m_measuring.setSingleShot(true);
     m_announcing.setSingleShot(true);
     connect(&m_measuring, &QTimer::timeout, this, &DocumentLayout::work_in_quiet);

@@ -4,12 +4,12 @@
 #pragma once
 
 #include "layout/height_estimate.h"
+#include "layout/object_handlers.h"
 #include "layout/paragraph_heights.h"
 #include "layout/paragraph_lines.h"
 
 #include <QtCore/QTimer>
 #include <QtGui/QAbstractTextDocumentLayout>
-#include <QtGui/QTextDocument>
 
 #include <chrono>
 #include <functional>
@@ -85,7 +85,7 @@ private:
     bool measure_everything(const QDeadlineTimer &end);
 
     std::function<int()> m_columns;
-    QTextDocument m_picture_source; // has Qt's handler of pictures
+    QtPictures m_pictures;
     // Heights become exact in calls that ask for something.
     mutable ParagraphHeights m_heights;
     mutable Units m_overhang = 0;

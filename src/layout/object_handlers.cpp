@@ -5,7 +5,6 @@
 
 #include <QtGui/QAbstractTextDocumentLayout>
 #include <QtGui/QFontMetrics>
-#include <QtGui/QTextDocument>
 #include <QtGui/QTextFormat>
 #include <QtGui/QTextLayout>
 
@@ -50,6 +49,11 @@ void align_in_the_middle(QTextInlineObject item, const QTextFormat &format, cons
     const qreal height = item.height();
     item.setAscent(height / 2 + metrics.xHeight() / 4.0);
     item.setDescent(height - item.ascent());
+}
+
+QtPictures::QtPictures(QAbstractTextDocumentLayout *layout)
+{
+    layout->registerHandler(QTextFormat::ImageObject, handler_of(m_owner.documentLayout(), QTextFormat::ImageObject));
 }
 
 ObjectHandlers::ObjectHandlers(QTextDocument *document)

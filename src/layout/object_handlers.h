@@ -7,10 +7,10 @@
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
 #include <QtCore/QSet>
+#include <QtGui/QTextDocument>
 
 QT_BEGIN_NAMESPACE
 class QAbstractTextDocumentLayout;
-class QTextDocument;
 class QTextFormat;
 class QTextInlineObject;
 QT_END_NAMESPACE
@@ -22,6 +22,16 @@ QSet<int> object_types(const QTextDocument *document);
 
 /// As Qt's own layout does: the middle is that of small letters.
 void align_in_the_middle(QTextInlineObject item, const QTextFormat &format, const QAbstractTextDocumentLayout *layout);
+
+/// Gives a layout Qt's own handler of pictures, for as long as this lives.
+class QtPictures
+{
+public:
+    explicit QtPictures(QAbstractTextDocumentLayout *layout);
+
+private:
+    QTextDocument m_owner;
+};
 
 /// Carries the handlers of objects from one layout of a document to the next, but for one of pictures that belongs to
 /// the layout.

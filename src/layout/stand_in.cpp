@@ -21,7 +21,7 @@ QTextBlock paragraph_at(const QTextDocument *document, int position)
     return document->findBlock(std::clamp(position, 0, document->characterCount() - 1));
 }
 
-/// Whether text outside of tables and frames, or within one cell of them.
+/// Whether all of it is outside of tables and frames, or within one cell.
 bool has_plain_separators(const QTextBlock &first, const QTextBlock &last)
 {
     for (QTextBlock block = first; block.isValid() && block != last; block = block.next()) {

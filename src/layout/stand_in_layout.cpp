@@ -5,7 +5,6 @@
 
 #include "layout/copied_lines.h"
 #include "layout/forwarded_objects.h"
-#include "layout/object_handlers.h"
 #include "layout/stand_in.h"
 
 #include <QtCore/QScopedValueRollback>
@@ -34,10 +33,8 @@ QTextCursor cursor_like(const QTextCursor &cursor, QTextDocument *document)
 
 StandInLayout::StandInLayout(QTextDocument *document)
     : QAbstractTextDocumentLayout(document)
+    , m_pictures(this)
 {
-    const QAbstractTextDocumentLayout *qt_layout = m_picture_source.documentLayout();
-    registerHandler(QTextFormat::ImageObject,
-                    dynamic_cast<QObject *>(qt_layout->handlerForObject(QTextFormat::ImageObject)));
 }
 
 StandInLayout::~StandInLayout() = default;
@@ -133,7 +130,7 @@ void StandInLayout::documentChanged(int from, int removed, int added)
         m_objects->register_at(stand_in_layout()); // the host may have brought one
     if (!m_stand_in || (!is_same_text && !m_stand_in->take_over(from, removed, added)))
         make_stand_in();
-    else if (!is_same_page)
+    else if (!is_same_page || m_stand_in->pageSize() != document()->pageSize())
         m_stand_in->take_over_settings();
     if (is_same_text)
         m_stand_in->take_over_marks(from, added);

@@ -3,11 +3,11 @@
 
 #pragma once
 
+#include "layout/object_handlers.h"
 #include "layout/paragraph_lines.h"
 
 #include <QtCore/QRectF>
 #include <QtGui/QAbstractTextDocumentLayout>
-#include <QtGui/QTextDocument>
 
 #include <memory>
 
@@ -55,7 +55,7 @@ private:
     void note_update(const QRectF &rectangle);
     void announce();
 
-    QTextDocument m_picture_source; // has Qt's handler of pictures
+    QtPictures m_pictures;
     std::unique_ptr<StandIn> m_stand_in;
     ForwardedObjects *m_objects = nullptr; // of the stand-in
     Page m_page;
